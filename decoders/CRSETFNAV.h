@@ -1,0 +1,32 @@
+// Fund values: three values of one fund, each with a colour tag against a base value.
+//
+// Takes N packets of the fund; sends the whole screen image once per batch that changed it.
+#ifndef TICKMUX_DECODERS_CRSETFNAV_H
+#define TICKMUX_DECODERS_CRSETFNAV_H
+
+#include "framework/packet_decoder.h"
+#include "framework/subscription.h"
+#include "layouts/RSETFNAV.h"
+
+class CRSETFNAV : public CRTMPacketDecoder {
+public:
+    static constexpr char kMapName[] = "RSETFNAV_R";
+
+    explicit CRSETFNAV(HWND hWnd);
+    ~CRSETFNAV() override;
+
+    int Init(const char* buffer) override;
+    void Release() override;
+    const char* GetMapName() const override { return kMapName; }
+
+private:
+    int OnNavPacket(const NavPacket& nav);
+
+    template <std::size_t N>
+    void PutValue(NavField& field, const char (&text)[N]) const;
+
+    FollowedCode<StockKey, kFundClass, kWantFund> m_Key;
+    double m_dBaseValue = 0.0;
+};
+
+#endif

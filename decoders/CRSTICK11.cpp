@@ -1,0 +1,63 @@
+#include "decoders/CRSTICK11.h"
+
+#include "framework/codecs.h"
+#include "framework/init_reader.h"
+#include "framework/local_date.h"
+
+CRSTICK11::CRSTICK11(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRSTICK11::OnTradePacket>) {
+    FillBlank(m_Date);
+    FillBlank(m_Front);
+}
+
+CRSTICK11::~CRSTICK11() {
+    m_Key.GiveUp();
+}
+
+int CRSTICK11::Init(const char* buffer) {
+    CRTMPacketDecoder::Init(buffer);
+    InitReader in(buffer);
+    m_Front.Tag = in.Tag();
+    StockKey key;
+    TickRow newest[1];
+    // The head is taken even if what follows fails; key, subscription and rows are not.
+    if (!in.Read(key) || !in.Read(m_Front.Head) || !in.ReadRepeatBlock(newest) || !in.AtEnd()) {
+        return 0;
+    }
+    // Without a row, or without a date in it, the day is the machine's own.
+    if (IsBlank(newest[0].Date)) {
+        PutLocalDate(m_Date);
+    } else {
+        Put(m_Date, newest[0].Date);
+    }
+    m_Ticks.Clear();
+    m_Front.Head.Period = kTickList;
+    m_Front.Head.RowAction = kAppendRow;
+    m_Key.MoveTo(key);
+    return 1;
+}
+
+int CRSTICK11::OnTradePacket(const TradePacket& trade) {
+    if (trade.Volume == 0 || !(trade.Key == m_Key.Get())) {
+        return 0;
+    }
+    TickRow* row = m_Ticks.Add();
+    if (row == nullptr) {
+        return 0;
+    }
+    Put(m_Front.Head.Price, trade.Price);
+    Put(m_Front.Head.Quantity, trade.TotalVolume);
+    Put(row->Date, m_Date);
+    Put(row->Time, trade.Time);
+    Put(row->Price, trade.Price);
+    Put(row->Volume, trade.Volume);
+    return 1;
+}
+
+void CRSTICK11::EndUnpack() {
+    SendRows(m_Front, m_Ticks);
+}
+
+void CRSTICK11::Release() {
+    CRTMPacketDecoder::Release();
+    m_Key.GiveUp();
+}

@@ -1,0 +1,33 @@
+// Stock tick list: every trade of one stock becomes a row.
+//
+// Takes A packets of the stock; the rows of a batch leave together behind a display head that shows the
+// latest price and the day's quantity.
+#ifndef TICKMUX_DECODERS_CRSTICK11_H
+#define TICKMUX_DECODERS_CRSTICK11_H
+
+#include "framework/packet_decoder.h"
+#include "framework/subscription.h"
+#include "layouts/RSTICK11.h"
+
+class CRSTICK11 : public CRTMPacketDecoder {
+public:
+    static constexpr char kMapName[] = "RSTICK11_R";
+
+    explicit CRSTICK11(HWND hWnd);
+    ~CRSTICK11() override;
+
+    int Init(const char* buffer) override;
+    void Release() override;
+    void EndUnpack() override;
+    const char* GetMapName() const override { return kMapName; }
+
+private:
+    int OnTradePacket(const TradePacket& trade);
+
+    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key;
+    HeadedRows m_Front;  // tag and display head of the next buffer
+    char m_Date[8];      // YYYYMMDD, in every row
+    WaitingRows<TickRow> m_Ticks;
+};
+
+#endif

@@ -1,0 +1,181 @@
+#include "framework/codecs.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <system_error>
+
+namespace {
+
+bool IsSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+const char* SkipSpaces(const char* at, const char* end) {
+    return std::find_if_not(at, end, IsSpace);
+}
+
+// A number of either width is read as a magnitude that stops growing beyond what any sign allows.
+template <class Number>
+Number ReadInteger(const char* src, int n) {
+    constexpr uint64_t kLargest = std::numeric_limits<Number>::max();
+    const char* const end = src + n;
+    const char* at = SkipSpaces(src, end);
+    const bool negative = at != end && *at == '-';
+    if (at != end && (*at == '-' || *at == '+')) {
+        ++at;
+    }
+    uint64_t magnitude = 0;
+    for (; at != end && IsDigit(*at); ++at) {
+        const auto digit = static_cast<uint64_t>(*at - '0');
+        magnitude = magnitude > (kLargest - digit) / 10 ? kLargest + 1 : magnitude * 10 + digit;
+        if (magnitude > kLargest) {
+            return negative ? std::numeric_limits<Number>::min() : std::numeric_limits<Number>::max();
+        }
+    }
+    const auto value = static_cast<int64_t>(magnitude);
+    return static_cast<Number>(negative ? -value : value);
+}
+
+// What lies beyond the range of a double is infinite or zero, as its exponent's sign tells: the few
+// characters of a field cannot reach either end by their digits alone.
+double BeyondRange(const char* at, const char* end, bool hex) {
+    const char mark = hex ? 'p' : 'e';
+    const char* exponent = std::find_if(at, end, [mark](char c) { return (c | 0x20) == mark; });
+    const bool small = end - exponent > 1 && exponent[1] == '-';
+    return small ? 0.0 : std::numeric_limits<double>::infinity();
+}
+
+constexpr int kTwoDigits = 100;
+
+struct DigitPairs {
+    char text[kTwoDigits][2];
+};
+
+constexpr DigitPairs MakeDigitPairs() {
+    DigitPairs pairs{};
+    for (int i = 0; i < kTwoDigits; ++i) {
+        pairs.text[i][0] = static_cast<char>('0' + i / 10);
+        pairs.text[i][1] = static_cast<char>('0' + i % 10);
+    }
+    return pairs;
+}
+
+constexpr DigitPairs kDigitPairs = MakeDigitPairs();
+
+void AlignRight(const char* text, int textLen, char* dst, int len) {
+    const int blanks = std::max(len - textLen, 0);
+    std::memset(dst, ' ', static_cast<std::size_t>(blanks));
+    std::memcpy(dst + blanks, text, static_cast<std::size_t>(len - blanks));
+}
+
+template <class Magnitude>
+void WriteInteger(Magnitude magnitude, bool negative, char* dst, int len) {
+    char text[24];
+    char* const end = text + sizeof(text);
+    char* at = end;
+    while (magnitude >= kTwoDigits) {
+        at -= 2;
+        std::memcpy(at, kDigitPairs.text[magnitude % kTwoDigits], 2);
+        magnitude /= kTwoDigits;
+    }
+    if (magnitude >= 10) {
+        at -= 2;
+        std::memcpy(at, kDigitPairs.text[magnitude], 2);
+    } else {
+        *--at = static_cast<char>('0' + magnitude);
+    }
+    if (negative) {
+        *--at = '-';
+    }
+    AlignRight(at, static_cast<int>(end - at), dst, len);
+}
+
+}  // namespace
+
+int SignToColor(char* dst, char sign) {
+    const int direction = sign >= '1' && sign <= '4' ? 1 : sign >= '5' && sign <= '8' ? -1 : 0;
+    if (dst != nullptr) {
+        PutColor(*reinterpret_cast<char(*)[2]>(dst), direction);
+    }
+    return direction;
+}
+
+void PutColor(char (&tag)[2], int direction) {
+    tag[0] = direction > 0 ? '1' : direction < 0 ? '4' : '5';
+    tag[1] = ' ';
+}
+
+int32_t AsciiToLong(const char* src, int n) {
+    return ReadInteger<int32_t>(src, n);
+}
+
+int64_t AsciiToInt64(const char* src, int n) {
+    return ReadInteger<int64_t>(src, n);
+}
+
+double AsciiToDouble(const char* src, int n) {
+    constexpr int kLongest = 31;
+    const char* const end = src + std::min(n, kLongest);
+    const char* at = SkipSpaces(src, end);
+    const bool negative = at != end && *at == '-';
+    if (at != end && (*at == '-' || *at == '+')) {
+        ++at;
+    }
+    if (at != end && *at == '-') {
+        return 0.0;  // two signs: no number
+    }
+    double value = 0.0;
+    const bool hex = end - at > 2 && at[0] == '0' && (at[1] | 0x20) == 'x' && at[2] != '-';
+    std::from_chars_result result{at, std::errc::invalid_argument};
+    if (hex) {
+        result = std::from_chars(at + 2, end, value, std::chars_format::hex);
+    }
+    if (result.ec == std::errc::invalid_argument) {
+        result = std::from_chars(at, end, value, std::chars_format::general);
+    }
+    if (result.ec == std::errc::invalid_argument) {
+        return 0.0;  // also behind a minus sign
+    }
+    if (result.ec == std::errc::result_out_of_range) {
+        value = BeyondRange(at, end, hex);
+    }
+    return negative ? -value : value;
+}
+
+void LongToAscii(int32_t value, char* dst, int len) {
+    const auto magnitude = static_cast<uint32_t>(value);
+    WriteInteger(value < 0 ? 0U - magnitude : magnitude, value < 0, dst, len);
+}
+
+void Int64ToAscii(int64_t value, char* dst, int len) {
+    const auto magnitude = static_cast<uint64_t>(value);
+    WriteInteger(value < 0 ? 0U - magnitude : magnitude, value < 0, dst, len);
+}
+
+void DoubleToAscii(double value, char* dst, int len, int dec) {
+    // Sign, the digits of the largest double, the point; decimals come on top.
+    constexpr int kLongestInteger = 2 + std::numeric_limits<double>::max_exponent10 + 1;
+    constexpr int kMostDecimals = 40;
+    char text[kLongestInteger + kMostDecimals];
+    const std::to_chars_result result = std::to_chars(text, text + sizeof(text), value,
+                                                      std::chars_format::fixed, std::min(dec, kMostDecimals));
+    AlignRight(text, static_cast<int>(result.ptr - text), dst, len);
+    if (value == 0.0 && len > 0) {
+        dst[len - 1] = '0';
+    }
+}
+
+void CopyRightAligned(char* dst, const char* src, int dstLen, int srcLen) {
+    const int blanks = std::max(dstLen - srcLen, 0);
+    const int copied = dstLen - blanks;
+    const char* const from = src + (srcLen - copied);
+    std::memset(dst, ' ', static_cast<std::size_t>(blanks));
+    const char* const stop = std::find(from, from + copied, '\0');
+    char* const rest = std::copy(from, stop, dst + blanks);
+    std::fill(rest, dst + dstLen, '\0');
+}

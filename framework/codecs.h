@@ -1,0 +1,85 @@
+// The field codecs: numbers to fixed-width text and back. None keeps state, allocates or looks at a locale.
+//
+// A writer fills exactly the width of its field and adds no end mark: right-aligned, spaces on the left. A
+// number wider than its field keeps its first characters.
+#ifndef TICKMUX_FRAMEWORK_CODECS_H
+#define TICKMUX_FRAMEWORK_CODECS_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+// ---- colour tags: the two characters beside a displayed number
+
+// The direction of a sign char: +1 for '1' to '4', -1 for '5' to '8', else 0. Writes its colour tag to `dst`
+// unless that is null.
+int SignToColor(char* dst, char sign);
+
+// Writes the colour tag of a direction: above 0 "1 ", below 0 "4 ", 0 "5 ".
+void PutColor(char (&tag)[2], int direction);
+
+// The direction in which `value` lies from `base`.
+template <class Number>
+constexpr int DirectionFrom(Number base, Number value) {
+    return static_cast<int>(value > base) - static_cast<int>(value < base);
+}
+
+// ---- text to numbers
+
+// Leading white space, a sign, digits up to the first other character; 0 without digits. A number beyond the
+// type's range gives the nearest end of the range, so that a large number stays large.
+int32_t AsciiToLong(const char* src, int n);
+int64_t AsciiToInt64(const char* src, int n);
+
+// The number at the head of the text, in any form that strtod reads; 0.0 without one. A decimal point counts
+// only if it stands in the text. 31 characters are read at the most.
+double AsciiToDouble(const char* src, int n);
+
+// ---- numbers to text
+
+void LongToAscii(int32_t value, char* dst, int len);
+void Int64ToAscii(int64_t value, char* dst, int len);
+
+// With `dec` decimals: the decimal text nearest to the exact binary value, and of two equally near ones the
+// one with the even last digit. A negative value that rounds to zero keeps its sign.
+void DoubleToAscii(double value, char* dst, int len, int dec);
+
+// ---- text to text
+
+// `src` at the right end of `dst`: spaces in front of a shorter one; a longer one loses its head. A zero byte
+// in `src` ends the copying and zero bytes fill the rest.
+void CopyRightAligned(char* dst, const char* src, int dstLen, int srcLen);
+
+// ---- the same by array: the field tells its width
+
+template <std::size_t N>
+void Put(char (&dst)[N], int32_t value) {
+    LongToAscii(value, dst, N);
+}
+
+template <std::size_t N>
+void Put(char (&dst)[N], int64_t value) {
+    Int64ToAscii(value, dst, N);
+}
+
+template <int Decimals, std::size_t N>
+void Put(char (&dst)[N], double value) {
+    DoubleToAscii(value, dst, N, Decimals);
+}
+
+template <std::size_t N>
+void Put(char (&dst)[N], const char (&src)[N]) {
+    std::memcpy(dst, src, N);
+}
+
+template <std::size_t N>
+int32_t ToLong(const char (&src)[N]) {
+    return AsciiToLong(src, N);
+}
+
+template <std::size_t N>
+double ToDouble(const char (&src)[N]) {
+    return AsciiToDouble(src, N);
+}
+
+#endif

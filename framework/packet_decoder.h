@@ -1,0 +1,160 @@
+// CRTMPacketDecoder, the base of all decoders: target window, state flags, the table of packet types that a
+// class takes, the output image, and the queue of finished buffers.
+//
+// A decoder owns its state. A buffer given to PostToView belongs to the view queue, and from there to the
+// host. Packets and Init texts are the host's and live for the call. There is no lock here: the manager's map
+// guard and the host keep the calls apart; only the queue is shared with the window's thread.
+#ifndef TICKMUX_FRAMEWORK_PACKET_DECODER_H
+#define TICKMUX_FRAMEWORK_PACKET_DECODER_H
+
+#include <cstdint>
+#include <new>
+#include <utility>
+
+#include "framework/packets.h"
+#include "framework/view_buffer.h"
+#include "framework/waiting_rows.h"
+#include "host/platform.h"
+#include "host/services.h"
+
+class CRTMPacketDecoder;
+
+// What a decoder class does with one packet type: the length that the payload must have, and the handler. No
+// handler: the type is not taken.
+struct PacketSlot {
+    int32_t Length;
+    int (*Handler)(CRTMPacketDecoder& decoder, const char* payload);
+};
+
+// The slots of one decoder class, by type char, and the chars that have one, rising and zero-ended.
+struct PacketSlots {
+    PacketSlot Slots[kPacketTypes];
+    char Types[kPacketTypes + 1];
+};
+
+class CRTMPacketDecoder {
+public:
+    CRTMPacketDecoder(const CRTMPacketDecoder&) = delete;
+    CRTMPacketDecoder& operator=(const CRTMPacketDecoder&) = delete;
+    virtual ~CRTMPacketDecoder();
+
+    // The answer of an inquiry. 0: the text is no good, and the decoder gets no packets.
+    virtual int Init(const char* buffer);
+    virtual void Stop();
+    virtual void Release();
+    // 1 if the packet fits a slot, whether or not the decoder runs; else 0.
+    virtual int PutPacket(const char* packet, int length);
+    // The batch is over: what has changed goes out.
+    virtual void EndUnpack();
+    virtual const char* GetMapName() const = 0;
+
+    const char* GetPacketTypes() const { return m_Slots.Types; }
+
+    // The result of the last Init; the manager passes packets while it is not 0.
+    int IsActive() const { return m_bActive; }
+    void SetActive(int active) { m_bActive = active; }
+
+    // Frees the buffers that no window has fetched.
+    void ClearViewQueue();
+
+protected:
+    CRTMPacketDecoder(HWND hWnd, const PacketSlots& slots) : m_Slots(slots), m_hWnd(hWnd) {}
+
+    // A new output image of spaces, of the layout's size; false if memory fails, and the former one stays.
+    template <class Layout>
+    bool AllocOutput() {
+        ViewBuffer output = ViewBuffer::Blank(sizeof(Layout));
+        if (!output) {
+            return false;
+        }
+        m_Output = std::move(output);
+        return true;
+    }
+    template <class Layout>
+    Layout& Output() {
+        return m_Output.As<Layout>();
+    }
+
+    // Puts a buffer into the view queue and tells the window; without a window it is freed.
+    void PostToView(ViewBuffer buffer);
+    // The same with a copy of the output image as it is now.
+    void PostOutput();
+
+    // The batch end of a row list: the waiting rows leave behind `front`.
+    template <class Front, class Row>
+    void SendRows(const Front& front, WaitingRows<Row>& rows) {
+        if (m_bChanged == 0 || m_bStopped != 0) {
+            return;
+        }
+        ViewBuffer buffer;
+        if (!rows.Empty()) {
+            buffer = rows.Pack(front);
+            if (!buffer) {
+                return;  // the next batch end tries again with all rows
+            }
+            rows.Clear();
+        }
+        // Cleared before the window hears of it, so that rows which it causes are sent too.
+        m_bChanged = 0;
+        PostToView(std::move(buffer));
+    }
+
+    int m_bStopped = 1;  // from construction, and by Stop; no handler runs and nothing is sent
+    int m_bChanged = 0;  // handlers' results since the last send
+
+private:
+    int m_bActive = 0;
+    const PacketSlots& m_Slots;
+    HWND m_hWnd;
+    ViewBuffer m_Output;
+    CRtmPtrList m_ViewQueue;
+};
+
+// ---- how a class names its handlers
+//
+// A handler is a member `int OnX(const XPacket&)`. It says all: type char and length come from the packet,
+// and its result asks for a refresh at the batch end. A handler that sends its own buffer at once gives 0.
+
+template <class Handler>
+struct HandlerTraits;
+
+template <class Decoder, class Packet>
+struct HandlerTraits<int (Decoder::*)(const Packet&)> {
+    using DecoderClass = Decoder;
+    using PacketStruct = Packet;
+};
+
+template <auto Handler>
+int CallHandler(CRTMPacketDecoder& decoder, const char* payload) {
+    using Traits = HandlerTraits<decltype(Handler)>;
+    return (static_cast<typename Traits::DecoderClass&>(decoder).*
+            Handler)(*reinterpret_cast<const typename Traits::PacketStruct*>(payload));
+}
+
+template <auto... Handlers>
+constexpr PacketSlots MakeSlots() {
+    PacketSlots slots{};
+    const auto take = [&slots](char type, PacketSlot slot) { slots.Slots[type - kFirstPacketType] = slot; };
+    (take(HandlerTraits<decltype(Handlers)>::PacketStruct::kType,
+          {sizeof(typename HandlerTraits<decltype(Handlers)>::PacketStruct), &CallHandler<Handlers>}),
+     ...);
+    char* type = slots.Types;
+    for (int index = 0; index < kPacketTypes; ++index) {
+        if (slots.Slots[index].Length > 0) {
+            *type++ = static_cast<char>(kFirstPacketType + index);
+        }
+    }
+    return slots;
+}
+
+// For the constructor: CRTMPacketDecoder(hWnd, Takes<&CRSTICK11::OnTradePacket>).
+template <auto... Handlers>
+inline constexpr PacketSlots Takes = MakeSlots<Handlers...>();
+
+// The factory of a decoder class; null if memory fails.
+template <class Decoder>
+CRTMPacketDecoder* CreateDecoder(HWND hWnd) {
+    return new (std::nothrow) Decoder(hWnd);
+}
+
+#endif

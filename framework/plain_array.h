@@ -1,0 +1,56 @@
+// A growing array of plain objects that tells a failed allocation instead of throwing, and keeps its room.
+#ifndef TICKMUX_FRAMEWORK_PLAIN_ARRAY_H
+#define TICKMUX_FRAMEWORK_PLAIN_ARRAY_H
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <type_traits>
+
+template <class T>
+class PlainArray {
+    static_assert(std::is_trivially_copyable_v<T>);
+
+public:
+    std::size_t Size() const { return m_nSize; }
+    bool Empty() const { return m_nSize == 0; }
+    const T* Data() const { return m_pItems.get(); }
+    const T& operator[](std::size_t index) const { return m_pItems[index]; }
+
+    // One more item behind the last, its value not set. Null: memory failed, nothing changed.
+    T* Append() {
+        if (m_nSize == m_nRoom && !Grow()) {
+            return nullptr;
+        }
+        return &m_pItems[m_nSize++];
+    }
+
+    // The items behind move up.
+    void Remove(const T& item) {
+        T* const end = m_pItems.get() + m_nSize;
+        m_nSize = static_cast<std::size_t>(std::remove(m_pItems.get(), end, item) - m_pItems.get());
+    }
+
+    void Clear() { m_nSize = 0; }
+
+private:
+    bool Grow() {
+        constexpr std::size_t kFirstRoom = 16;
+        const std::size_t room = m_nRoom == 0 ? kFirstRoom : m_nRoom * 2;
+        std::unique_ptr<T[]> items(new (std::nothrow) T[room]);
+        if (items == nullptr) {
+            return false;
+        }
+        std::copy_n(m_pItems.get(), m_nSize, items.get());
+        m_pItems = std::move(items);
+        m_nRoom = room;
+        return true;
+    }
+
+    std::unique_ptr<T[]> m_pItems;
+    std::size_t m_nSize = 0;
+    std::size_t m_nRoom = 0;
+};
+
+#endif

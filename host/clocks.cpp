@@ -1,0 +1,107 @@
+// The clocks: the machine's, or held still.
+#include <time.h>
+
+#include <atomic>
+#include <chrono>
+#include <mutex>
+#include <optional>
+
+#include "host/exports.h"
+#include "host/platform.h"
+#include "host/settings.h"
+
+namespace {
+
+struct HeldTime {
+    std::mutex Lock;
+    std::optional<SYSTEMTIME> Time;
+
+    void Set(const std::optional<SYSTEMTIME>& time) {
+        const std::lock_guard hold(Lock);
+        Time = time;
+    }
+    std::optional<SYSTEMTIME> Get() {
+        const std::lock_guard hold(Lock);
+        return Time;
+    }
+};
+
+HeldTime g_Local;
+HeldTime g_System;
+std::atomic<uint64_t> g_HeldTicks = 0;  // bit 32: held
+
+uint16_t DayOfWeek(const tickhost_time& time) {
+    if (time.month < 1 || time.month > 12) {
+        return 0;
+    }
+    const std::chrono::sys_days first = std::chrono::year(time.year) / time.month / 1;
+    const std::chrono::weekday day(first + std::chrono::days(time.day) - std::chrono::days(1));
+    return static_cast<uint16_t>(day.c_encoding());
+}
+
+void Hold(HeldTime& clock, const tickhost_time* time) {
+    if (time == nullptr) {
+        clock.Set(std::nullopt);
+        return;
+    }
+    clock.Set(SYSTEMTIME{time->year, time->month, DayOfWeek(*time), time->day, time->hour, time->minute,
+                         time->second, time->millisecond});
+}
+
+using Calendar = tm* (*)(const time_t*, tm*);
+
+void Read(HeldTime& clock, Calendar calendar, SYSTEMTIME* time) {
+    if (time == nullptr) {
+        return;
+    }
+    if (const std::optional<SYSTEMTIME> held = clock.Get()) {
+        *time = *held;
+        return;
+    }
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    tm parts{};
+    calendar(&now.tv_sec, &parts);
+    const auto narrow = [](long number) { return static_cast<uint16_t>(number); };
+    *time = {narrow(parts.tm_year + 1900), narrow(parts.tm_mon + 1),     narrow(parts.tm_wday),
+             narrow(parts.tm_mday),        narrow(parts.tm_hour),        narrow(parts.tm_min),
+             narrow(parts.tm_sec),         narrow(now.tv_nsec / 1000000)};
+}
+
+}  // namespace
+
+void GetLocalTime(SYSTEMTIME* time) {
+    Read(g_Local, localtime_r, time);
+}
+
+void GetSystemTime(SYSTEMTIME* time) {
+    Read(g_System, gmtime_r, time);
+}
+
+DWORD GetTickCount(void) {
+    if (const uint64_t held = g_HeldTicks; held != 0) {
+        return static_cast<DWORD>(held);
+    }
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<DWORD>(static_cast<uint64_t>(now.tv_sec) * 1000 +
+                              static_cast<uint64_t>(now.tv_nsec) / 1000000);
+}
+
+void tickhost_set_local_time(const tickhost_time* time) {
+    Hold(g_Local, time);
+}
+
+void tickhost_set_system_time(const tickhost_time* time) {
+    Hold(g_System, time);
+}
+
+void tickhost_set_tick_count(int fixed, uint32_t milliseconds) {
+    g_HeldTicks = fixed == 0 ? 0 : uint64_t{1} << 32 | milliseconds;
+}
+
+void ResetClocks() {
+    g_Local.Set(std::nullopt);
+    g_System.Set(std::nullopt);
+    g_HeldTicks = 0;
+}

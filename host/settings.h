@@ -1,0 +1,30 @@
+// settings.h - the texts that tickhost_set_text sets.
+#ifndef TICKMUX_HOST_SETTINGS_H
+#define TICKMUX_HOST_SETTINGS_H
+
+#include <cstddef>
+
+enum class Setting : std::size_t {
+    UserGrade,
+    MenuGrade,
+    HashUserID,
+    UserID,
+    BaseUserID,
+    InnerTr,
+    UserDir,
+    DataDir,
+    DriveC,
+    Count
+};
+
+// The text stays valid until the process ends, also when the setting is changed meanwhile.
+const char* SettingText(Setting setting);
+
+// What tickhost_reset puts back, each beside its settings.
+void ResetTexts();
+void ResetServices();
+void ResetFramework();
+void ResetClocks();
+void ResetWindows();
+
+#endif

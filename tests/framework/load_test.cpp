@@ -1,0 +1,146 @@
+// Load and unload, as a host does them: this program opens the module by its file.
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <string>
+
+#include "framework/subscription.h"
+#include "host/platform.h"
+#include "host/tickhost.h"
+
+namespace {
+
+// The ten functions, by name out of the library.
+class LoadedModule {
+public:
+    LoadedModule() : m_pLibrary(dlopen(TICKMUX_LIBRARY, RTLD_NOW | RTLD_LOCAL)) {
+        EXPECT_NE(m_pLibrary, nullptr) << dlerror();
+    }
+    ~LoadedModule() { dlclose(m_pLibrary); }
+    LoadedModule(const LoadedModule&) = delete;
+    LoadedModule& operator=(const LoadedModule&) = delete;
+
+    template <class Result, class... Arguments>
+    Result Call(const char* name, Arguments... arguments) const {
+        return reinterpret_cast<Result (*)(Arguments...)>(dlsym(m_pLibrary, name))(arguments...);
+    }
+    uintptr_t Open(HWND window, std::string init) const {
+        const auto handle = Call<uintptr_t>("RegistMap", window, "RSETFNAV_R");
+        EXPECT_EQ((Call<int>("InitMap", handle, init.data())), 1);
+        return handle;
+    }
+
+private:
+    void* m_pLibrary;
+};
+
+bool IsMapped() {
+    std::ifstream maps("/proc/self/maps");
+    std::stringstream text;
+    text << maps.rdbuf();
+    return text.str().find("libtickmux") != std::string::npos;
+}
+
+// Counts adds and deletes that reach the communication manager.
+class Requests {
+public:
+    Requests() {
+        tickhost_set_communication_manager(tickhost_create_window(
+            [](void* context, HWND, uint32_t, uintptr_t, intptr_t lParam) -> intptr_t {
+                const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+                const auto& record = *static_cast<const tagRTMTRSTCDINFO*>(data->lpData);
+                ++static_cast<Requests*>(context)->m_Count[record.nOperation];
+                return 0;
+            },
+            this));
+    }
+    ~Requests() { tickhost_reset(); }
+    Requests(const Requests&) = delete;
+    Requests& operator=(const Requests&) = delete;
+
+    std::string Told() const { return std::to_string(m_Count[0]) + " " + std::to_string(m_Count[1]); }
+
+private:
+    int m_Count[3] = {};
+};
+
+const std::string kInit = "T11FUND      1000             1001                  1002                  ";
+
+TEST(Load, ExportsTheTenFunctionsAndTheManagerAndNothingElse) {
+    std::set<std::string> names;
+    FILE* list = popen("nm -D -C --defined-only " TICKMUX_LIBRARY, "r");
+    ASSERT_NE(list, nullptr);
+    char line[1000];
+    while (fgets(line, sizeof(line), list) != nullptr) {
+        std::istringstream words(line);
+        std::string address;
+        std::string kind;
+        std::string name;
+        words >> address >> kind >> name;
+        names.insert(name.substr(0, name.find(':')));
+    }
+    EXPECT_EQ(pclose(list), 0);
+    EXPECT_EQ(names, (std::set<std::string>{"CRTMMapManager", "EndRTMUnpackToDecoder", "GetPacketDecoderInst",
+                                            "InitMap", "PutRTMPacketToDecoder", "RegistMap", "ReleaseMap",
+                                            "SetMutexNameToDecoder", "StopMap", "StopView", "UnregistMap"}));
+}
+
+TEST(Load, UnloadWithdrawsEveryScreenAndLeavesTheProcess) {
+    const Requests requests;
+    HWND window = tickhost_create_window(nullptr, nullptr);
+    for (int round = 1; round <= 3; ++round) {
+        {
+            const LoadedModule module;
+            EXPECT_TRUE(IsMapped());
+            module.Open(window, kInit);
+            module.Open(window, kInit);
+        }
+        EXPECT_FALSE(IsMapped());
+        EXPECT_EQ(requests.Told(), std::to_string(2 * round) + " " + std::to_string(2 * round));
+    }
+}
+
+TEST(Load, GradeIsReadOnceAndShutsOffRequestsForGood) {
+    const Requests requests;
+    {
+        tickhost_set_text("UserGrade", "9991");
+        const LoadedModule module;
+        tickhost_set_text("UserGrade", "1");
+        module.Open(nullptr, kInit);
+        EXPECT_EQ(module.Call<int>("StopView"), 0);
+    }
+    EXPECT_EQ(requests.Told(), "0 0");
+    {
+        const LoadedModule module;
+        tickhost_set_text("UserGrade", "999");
+        module.Open(nullptr, kInit);
+        EXPECT_EQ(module.Call<int>("StopView"), 1);
+    }
+    EXPECT_EQ(requests.Told(), "1 1");
+}
+
+TEST(Load, ARefusedModuleIsNotReady) {
+    const Requests requests;
+    tickhost_refuse_attach(1);
+    const LoadedModule module;
+    tickhost_refuse_attach(0);
+    std::string packet = "A";
+    EXPECT_EQ((module.Call<uintptr_t, HWND, const char*>("RegistMap", nullptr, "RSETFNAV_R")),
+              static_cast<uintptr_t>(-1));
+    EXPECT_EQ((module.Call<int, uintptr_t>("UnregistMap", 0)), -1);
+    EXPECT_EQ((module.Call<int, uintptr_t>("InitMap", 0)), 0);
+    EXPECT_EQ((module.Call<int, uintptr_t>("StopMap", 0)), 0);
+    EXPECT_EQ((module.Call<int, uintptr_t>("ReleaseMap", 0)), 0);
+    EXPECT_EQ((module.Call<void*, uintptr_t>("GetPacketDecoderInst", 0)), nullptr);
+    EXPECT_EQ((module.Call<int>("PutRTMPacketToDecoder", packet.data(), 1)), 0);
+    EXPECT_EQ(module.Call<int>("StopView"), 0);
+    module.Call<void>("EndRTMUnpackToDecoder");
+    module.Call<void>("SetMutexNameToDecoder", packet.data());
+}
+
+}  // namespace

@@ -1,0 +1,36 @@
+// scratch_folder.h - a folder of the test's own, that goes with it.
+#ifndef TICKMUX_TESTS_HOST_SCRATCH_FOLDER_H
+#define TICKMUX_TESTS_HOST_SCRATCH_FOLDER_H
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+class ScratchFolder {
+public:
+    ScratchFolder()
+        : m_Path(std::filesystem::temp_directory_path() / ("tickhost-test-" + std::to_string(getpid()))) {
+        std::filesystem::create_directory(m_Path);
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    ~ScratchFolder() { std::filesystem::remove_all(m_Path); }
+
+    std::string Path(const std::string& file) const { return (m_Path / file).string(); }
+    std::string Write(const std::string& file, const std::string& text) const {
+        std::ofstream(Path(file), std::ios::binary) << text;
+        return Path(file);
+    }
+    std::string Read(const std::string& file) const {
+        std::ifstream stream(Path(file), std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+
+private:
+    std::filesystem::path m_Path;
+};
+
+#endif

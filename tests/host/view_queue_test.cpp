@@ -1,0 +1,115 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstring>
+#include <optional>
+#include <thread>
+#include <vector>
+
+#include "host/services.h"
+#include "host/tickhost.h"
+
+namespace {
+
+ViewItem* ItemOf(int number) {
+    return new ViewItem{{}, new char[sizeof number + 2]{}, number, {}};
+}
+
+// The number of the item that was taken; -1: none.
+int Take(void* queue) {
+    char* data = nullptr;
+    int length = 0;
+    if (tickhost_take_view_item(queue, &data, &length) == 0) {
+        return -1;
+    }
+    std::memset(data, ' ', sizeof length + 2);  // the buffer is the taker's
+    tickhost_free_view_data(data);
+    return length;
+}
+
+}  // namespace
+
+TEST(ViewQueue, HandsOverEachItemOnceAndInOrder) {
+    constexpr int kItems = 100000;
+    CRtmPtrList queue;
+    std::atomic<bool> wrong = false;
+    std::thread taker([&] {
+        for (int next = 0; next < kItems;) {
+            const int number = Take(&queue);
+            if (number < 0) {
+                std::this_thread::yield();
+            } else if (number != next++) {
+                wrong = true;
+            }
+        }
+    });
+    for (int number = 0; number < kItems; ++number) {
+        queue.AddTail(ItemOf(number));
+        if (number % 1000 == 0) {  // a walk that the taker overtakes ends, and gives no item that is gone
+            POSITION position = queue.GetHeadPosition();
+            while (position != nullptr) {
+                queue.GetNext(position);
+            }
+        }
+    }
+    taker.join();
+    EXPECT_FALSE(wrong);
+    EXPECT_EQ(Take(&queue), -1);
+}
+
+TEST(ViewQueue, IsAListOfPointers) {
+    int items[25] = {};
+    CRtmPtrList queue;
+    for (int round = 0; round < 2; ++round) {
+        for (int& item : items) {
+            EXPECT_NE(queue.AddTail(&item), nullptr);
+        }
+        auto* const overtaken = queue.GetHeadPosition();
+        EXPECT_EQ(queue.RemoveHead(), &items[0]);
+        POSITION position = queue.GetHeadPosition();
+        for (int index = 1; index < 25; ++index) {
+            ASSERT_NE(position, nullptr);
+            EXPECT_EQ(queue.GetNext(position), &items[index]);
+        }
+        EXPECT_EQ(position, nullptr);
+        position = overtaken;
+        EXPECT_EQ(queue.GetNext(position), nullptr);
+        EXPECT_EQ(position, nullptr);
+        queue.RemoveAll();
+        EXPECT_EQ(queue.GetHeadPosition(), nullptr);
+        EXPECT_EQ(queue.RemoveHead(), nullptr);
+    }
+}
+
+TEST(ViewQueue, IsEmptyOnceItIsGone) {
+    std::optional<CRtmPtrList> queue;
+    void* const stale = &queue.emplace();
+    queue->AddTail(ItemOf(7));
+    EXPECT_EQ(tickhost_take_view_item(stale, nullptr, nullptr), 0);
+    EXPECT_EQ(Take(stale), 7);
+    queue.reset();
+    EXPECT_EQ(Take(stale), -1);
+    EXPECT_EQ(Take(nullptr), -1);
+
+    // Taking goes on while queues come and go at the same place.
+    std::atomic<void*> latest = nullptr;
+    std::atomic<bool> stop = false;
+    std::atomic<int> taken = 0;
+    std::thread taker([&] {
+        while (!stop) {
+            taken += Take(latest) >= 0 ? 1 : 0;
+        }
+    });
+    int left = 0;
+    for (int round = 0; round < 5000; ++round) {
+        CRtmPtrList shortLived;
+        latest = &shortLived;
+        shortLived.AddTail(ItemOf(round));
+        shortLived.AddTail(ItemOf(round));
+        left += Take(&shortLived) >= 0 ? 1 : 0;
+        left += Take(&shortLived) >= 0 ? 1 : 0;
+    }
+    stop = true;
+    taker.join();
+    EXPECT_EQ(taken + left, 10000);
+}

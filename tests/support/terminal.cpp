@@ -1,0 +1,142 @@
+#include "tests/support/terminal.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <sstream>
+
+#include "tests/support/fields.h"
+
+namespace {
+
+std::string TellRecord(const tagRTMTRSTCDINFO& record) {
+    if (record.nOperation == kCancelAll) {
+        CancelRecord cancel;
+        std::memcpy(&cancel, &record, sizeof(cancel));
+        return "cancel [" + Text(cancel.HashUserID) + "]";
+    }
+    std::ostringstream text;
+    text << (record.nOperation == kAddCode ? "add " : "delete ") << record.chClass << " ["
+         << Text(record.szCode) << "] " << record.nCodeLen << " " << std::hex << record.dwFlags;
+    return text.str();
+}
+
+}  // namespace
+
+std::string Added(char chClass, const std::string& code, const std::string& flags) {
+    return std::string("add ") + chClass + " [" + Left(code, 11) + "] 11 " + flags;
+}
+
+std::string Deleted(char chClass, const std::string& code, const std::string& flags) {
+    return std::string("delete ") + chClass + " [" + Left(code, 11) + "] 11 " + flags;
+}
+
+// ------------------------------------------------------------------ Screen
+
+Screen::Screen(Terminal& terminal, const std::string& mapName)
+    : m_Terminal(terminal),
+      m_hWnd(tickhost_create_window(&Procedure, this)),
+      m_Handle(RegistMap(m_hWnd, mapName.c_str())) {}
+
+Screen::~Screen() {
+    Unregister();
+    CloseWindow();
+}
+
+void Screen::Unregister() {
+    if (m_Handle != 0) {
+        UnregistMap(m_Handle);
+        m_Handle = 0;
+    }
+}
+
+// The text lies in a block of its exact size, so that a read beyond its end shows.
+int Screen::Init(const std::string& text) {
+    const std::unique_ptr<char[]> block(new char[text.size() + 1]);
+    std::memcpy(block.get(), text.c_str(), text.size() + 1);
+    return InitMap(m_Handle, block.get());
+}
+
+std::string Screen::Next() {
+    if (m_Buffers.empty()) {
+        ADD_FAILURE() << "the screen has received nothing more";
+        return {};
+    }
+    std::string buffer = m_Buffers.front();
+    m_Buffers.pop_front();
+    return buffer;
+}
+
+bool Screen::Fetch() {
+    char* data = nullptr;
+    int length = 0;
+    if (tickhost_take_view_item(m_pQueue, &data, &length) == 0) {
+        return false;
+    }
+    m_Buffers.emplace_back(data, static_cast<std::size_t>(length) + sizeof(RequestTag));
+    tickhost_free_view_data(data);
+    return true;
+}
+
+intptr_t Screen::Procedure(void* context, HWND /*window*/, uint32_t message, uintptr_t wParam,
+                           intptr_t lParam) {
+    auto& screen = *static_cast<Screen*>(context);
+    EXPECT_EQ(lParam, 0);
+    if (message == WM_TICKMUX_LIST) {
+        screen.m_Terminal.Happened("list");
+        return 0;
+    }
+    EXPECT_EQ(message, static_cast<uint32_t>(WM_TICKMUX_VIEW));
+    screen.m_Terminal.Happened("view");
+    screen.m_pQueue = reinterpret_cast<void*>(wParam);
+    if (screen.m_OnMessage) {
+        std::exchange(screen.m_OnMessage, nullptr)();
+    }
+    if (screen.m_bFetching) {
+        screen.Fetch();
+    }
+    return 0;
+}
+
+// ------------------------------------------------------------------ Terminal
+
+Terminal::Terminal() : m_hManager(tickhost_create_window(&Procedure, this)) {
+    tickhost_set_communication_manager(m_hManager);
+}
+
+Terminal::~Terminal() {
+    tickhost_reset();
+}
+
+std::unique_ptr<Screen> Terminal::Open(const std::string& mapName) {
+    auto screen = std::make_unique<Screen>(*this, mapName);
+    EXPECT_NE(screen->Handle(), 0U) << mapName;
+    return screen;
+}
+
+std::unique_ptr<Screen> Terminal::Open(const std::string& mapName, const std::string& init) {
+    auto screen = Open(mapName);
+    EXPECT_EQ(screen->Init(init), 1) << mapName;
+    return screen;
+}
+
+int Terminal::Feed(const std::string& packet) {
+    const std::unique_ptr<char[]> block(new char[packet.size()]);
+    std::memcpy(block.get(), packet.data(), packet.size());
+    return PutRTMPacketToDecoder(block.get(), static_cast<int>(packet.size()));
+}
+
+std::vector<std::string> Terminal::Events() {
+    return std::exchange(m_Events, {});
+}
+
+intptr_t Terminal::Procedure(void* context, HWND /*window*/, uint32_t message, uintptr_t wParam,
+                             intptr_t lParam) {
+    EXPECT_EQ(message, static_cast<uint32_t>(WM_COPYDATA));
+    EXPECT_EQ(wParam, 0U);
+    const auto& data = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+    EXPECT_EQ(data.dwData, static_cast<uintptr_t>(TICKMUX_COPYDATA_SUBSCRIPTION));
+    EXPECT_EQ(data.cbData, sizeof(tagRTMTRSTCDINFO));
+    static_cast<Terminal*>(context)->Happened(TellRecord(*static_cast<const tagRTMTRSTCDINFO*>(data.lpData)));
+    return 0;
+}

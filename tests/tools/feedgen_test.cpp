@@ -1,0 +1,176 @@
+// Is the generated session one that a market could have had?
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <map>
+
+#include "framework/packets.h"
+#include "tests/tools/tool_runs.h"
+#include "tools/capture.h"
+#include "tools/market.h"
+
+namespace {
+
+using tools::Timestamp;
+
+std::string Text(const StockKey& key) {
+    return {reinterpret_cast<const char*>(&key), sizeof(key)};
+}
+
+// Follows every trade of a capture with running figures of its own.
+class TradeAudit {
+public:
+    void Check(const TradePacket& trade) {
+        Figures& day = m_Days[Text(trade.Key)];
+        const int direction = trade.Sign == '2' ? 1 : trade.Sign == '5' ? -1 : 0;
+        const int32_t base = trade.Price - direction * trade.Change;
+        if (day.Count == 0) {
+            day = {base, trade.Price, trade.Price, trade.Price, 0, 0, 0};
+        }
+        day.Count += trade.Volume == 0 ? 0 : 1;
+        day.Volume += trade.Volume;
+        day.Value += int64_t{trade.Price} * trade.Volume * trade.LotSize;
+        day.High = std::max<int32_t>(day.High, trade.Price);
+        day.Low = std::min<int32_t>(day.Low, trade.Price);
+        EXPECT_EQ(base, day.Base);
+        EXPECT_EQ(trade.Value, int64_t{trade.Price} * trade.Volume * trade.LotSize);
+        EXPECT_EQ((std::array<int64_t, 6>{trade.Open, trade.High, trade.Low, trade.TradeCount,
+                                          trade.TotalVolume, trade.TotalValue}),
+                  (std::array<int64_t, 6>{day.Open, day.High, day.Low, day.Count, day.Volume, day.Value}));
+        CheckPrices(trade, base);
+    }
+
+    std::size_t Stocks() const { return m_Days.size(); }
+    // Those whose price has moved over the day.
+    auto Moved() const {
+        return std::count_if(m_Days.begin(), m_Days.end(),
+                             [](const auto& day) { return day.second.High > day.second.Low; });
+    }
+
+private:
+    struct Figures {
+        int32_t Base;
+        int32_t Open;
+        int32_t High;
+        int32_t Low;
+        int64_t Count;
+        int64_t Volume;
+        int64_t Value;
+    };
+
+    static void CheckPrices(const TradePacket& trade, int32_t base) {
+        const tools::DailyLimits limits = tools::LimitsOf(base);
+        EXPECT_EQ(trade.Price % tools::TickSize(trade.Price), 0);
+        EXPECT_GE(trade.Price, limits.Lowest);
+        EXPECT_LE(trade.Price, limits.Highest);
+        // A side that a limit has emptied shows 0.
+        if (trade.Best1Price != 0) {
+            EXPECT_EQ(trade.Best1Price + tools::TickSize(trade.Best1Price), trade.Price);
+        }
+        if (trade.Best2Price != 0) {
+            EXPECT_EQ(trade.Best2Price, trade.Price + tools::TickSize(trade.Price));
+        }
+    }
+
+    std::map<std::string, Figures> m_Days;
+};
+
+void CheckFund(const NavPacket& nav) {
+    const std::string kind(nav.Kind, sizeof(nav.Kind));
+    EXPECT_TRUE(kind == "0         " || kind == "1         ");
+    EXPECT_NEAR(std::strtod(nav.Value1, nullptr), 1000, 100);
+    EXPECT_EQ(IsBlank(nav.Value2), kind[0] == '0');
+}
+
+TEST(FeedGen, FiguresOfAWholeDayAgree) {
+    const ScratchFolder folder;
+    const std::string path = folder.Path("day.pcap");
+    const Outcome outcome =
+        RunTool("feedgen", "--output " + path + " --packets 60000 --stocks 12 --date 20261120");
+    ASSERT_EQ(outcome.Status, 0) << outcome.Text;
+    tools::CaptureReader capture(path);
+    tools::CaptureRecord record;
+    TradeAudit audit;
+    uint64_t packets = 0;
+    uint64_t funds = 0;
+    int inBatch = 0;
+    Timestamp last = tools::ParseDate("20261120") + std::chrono::hours(9);
+    const Timestamp close = tools::ParseDate("20261120") + std::chrono::hours(16);
+    while (capture.Next(record) && !HasFailure()) {
+        EXPECT_GE(record.Time, last);
+        last = record.Time;
+        if (record.EndsBatch()) {
+            EXPECT_GE(inBatch, 1);
+            EXPECT_LE(inBatch, 20);
+            inBatch = 0;
+            continue;
+        }
+        ++packets;
+        ++inBatch;
+        if (record.Bytes[0] == TradePacket::kType) {
+            ASSERT_EQ(record.Length, 1 + static_cast<int>(sizeof(TradePacket)));
+            const auto& trade = *reinterpret_cast<const TradePacket*>(record.Bytes + 1);
+            EXPECT_EQ(std::string(trade.Time, sizeof(trade.Time)), tools::TimeText(record.Time));
+            audit.Check(trade);
+        } else {
+            ASSERT_EQ(record.Length, 1 + static_cast<int>(sizeof(NavPacket)));
+            ++funds;
+            CheckFund(*reinterpret_cast<const NavPacket*>(record.Bytes + 1));
+        }
+    }
+    EXPECT_EQ(inBatch, 0);
+    EXPECT_EQ(packets, 60000U);
+    EXPECT_GT(funds, 1000U);
+    EXPECT_EQ(audit.Stocks(), 12U);
+    EXPECT_EQ(audit.Moved(), 12);
+    EXPECT_LT(last, close);
+    EXPECT_GT(last, close - std::chrono::minutes(1));
+}
+
+TEST(FeedGen, TheSameOptionsGiveTheSameBytes) {
+    const ScratchFolder folder;
+    const auto generate = [&folder](const std::string& options) {
+        const std::string path = folder.Path("short.pcap");
+        EXPECT_EQ(RunTool("feedgen", "--output " + path + " --minutes 2 " + options).Status, 0);
+        return ReadFile(path);
+    };
+    const std::string session = generate("--seed 7");
+    EXPECT_EQ(session, generate("--seed 7"));
+    EXPECT_NE(session, generate("--seed 8"));
+    const std::string piped = folder.Path("piped.pcap");
+    EXPECT_EQ(RunTool("feedgen", "--output - --minutes 2 --seed 7 >" + piped).Text, "");
+    EXPECT_EQ(session, ReadFile(piped));
+
+    // Another clock moves the records' times only.
+    const std::string moved = folder.File("moved.pcap", generate("--seed 7 --utc-offset +07:30"));
+    tools::CaptureReader here(piped);
+    tools::CaptureReader there(moved);
+    tools::CaptureRecord a;
+    tools::CaptureRecord b;
+    while (here.Next(a)) {
+        ASSERT_TRUE(there.Next(b));
+        ASSERT_EQ(a.Time - b.Time, std::chrono::minutes(450));
+        ASSERT_EQ(std::string(a.Bytes, static_cast<std::size_t>(a.Length)),
+                  std::string(b.Bytes, static_cast<std::size_t>(b.Length)));
+    }
+    EXPECT_FALSE(there.Next(b));
+}
+
+// Where the step of prices changes, and where limits fall between two steps.
+TEST(Market, TicksAndLimitsAtTheirBorders) {
+    const int32_t ticks[][2] = {{199, 1},  {200, 2},   {499, 2},   {500, 5},
+                                {1999, 5}, {2000, 10}, {4990, 10}, {5000, 25}};
+    for (const auto& [price, tick] : ticks) {
+        EXPECT_EQ(tools::TickSize(price), tick) << price;
+    }
+    const int32_t limits[][3] = {
+        {148, 97, 199}, {200, 130, 270}, {310, 234, 386}, {1985, 1490, 2480}, {8725, 7000, 10450}};
+    for (const auto& [base, lowest, highest] : limits) {
+        EXPECT_EQ(tools::LimitsOf(base).Lowest, lowest) << base;
+        EXPECT_EQ(tools::LimitsOf(base).Highest, highest) << base;
+    }
+}
+
+}  // namespace

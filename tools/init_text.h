@@ -1,0 +1,43 @@
+// An Init text in the making: the request tag, then the parts of the map's layout, with named fields.
+#ifndef TICKMUX_TOOLS_INIT_TEXT_H
+#define TICKMUX_TOOLS_INIT_TEXT_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/fields.h"
+
+namespace tools {
+
+class InitText {
+public:
+    InitText() : m_Bytes(sizeof(RequestTag), ' '), m_Fields{kTagField} {}
+
+    // One more part behind the others; its fields' names begin with `name` and a dot unless that is empty.
+    template <class Part>
+    void Append(const std::string& name, const Part& part) {
+        const std::vector<Field> fields = FieldsOf<Part>(m_Bytes.size(), name.empty() ? "" : name + ".");
+        m_Fields.insert(m_Fields.end(), fields.begin(), fields.end());
+        m_Bytes.append(reinterpret_cast<const char*>(&part), sizeof(Part));
+    }
+
+    // Sets a field, spaces behind a shorter value. A field is named in full, "Head.Price", or by its last
+    // word where only one field ends with it. BadInput for a name or a value that does not fit.
+    void Set(std::string_view name, std::string_view value);
+
+    // Zero-terminated, for InitMap.
+    char* Data() { return m_Bytes.data(); }
+
+    LayoutTable Table() const { return {"Init text", 0, m_Bytes.size(), m_Fields}; }
+
+private:
+    const Field& Find(std::string_view name) const;
+
+    std::string m_Bytes;
+    std::vector<Field> m_Fields;
+};
+
+}  // namespace tools
+
+#endif

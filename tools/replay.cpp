@@ -1,0 +1,92 @@
+#include "tools/replay.h"
+
+#include <cstdio>
+
+#include "tools/errors.h"
+#include "tools/pace.h"
+#include "tools/progress.h"
+#include "tools/text.h"
+
+namespace tools {
+
+namespace {
+
+void TakeArrivals(Terminal& terminal, Timestamp localTime, const ReplayOptions& options) {
+    for (Arrival& arrival : terminal.Arrivals()) {
+        OpenScreen& screen = *arrival.Target;
+        try {
+            screen.Rows += screen.View->Take(arrival.Buffer());
+        } catch (const Failure& failure) {
+            throw Failure(screen.Title + ": the module sent " + failure.what());
+        }
+        if (options.Follow) {
+            const std::string text = screen.View->Show(arrival.Buffer());
+            std::printf("%s %s\n%s", ClockText(localTime).c_str(), screen.Title.c_str(), text.c_str());
+        }
+    }
+    if (options.Follow && options.Speed) {
+        std::fflush(stdout);
+    }
+    terminal.Arrivals().clear();
+}
+
+}  // namespace
+
+void ModuleClocks::Set(Timestamp time) {
+    constexpr int64_t kFirstTick = 1'000'000;  // as if the machine had run for a while
+    m_Now = std::chrono::floor<std::chrono::milliseconds>(time);
+    const tickhost_time local = BrokenDown(time + m_Offset);
+    const tickhost_time system = BrokenDown(time);
+    const auto ticks = std::chrono::floor<std::chrono::milliseconds>(time - m_First).count() + kFirstTick;
+    tickhost_set_local_time(&local);
+    tickhost_set_system_time(&system);
+    tickhost_set_tick_count(1, static_cast<uint32_t>(ticks));
+}
+
+ReplaySummary Replay(CaptureReader& capture, const std::optional<CaptureRecord>& first, ModuleClocks& clocks,
+                     Terminal& terminal, const ReplayOptions& options) {
+    ReplaySummary summary;
+    if (!first) {
+        return summary;
+    }
+    const auto start = std::chrono::steady_clock::now();
+    const Pace pace(options.Speed, first->Time);
+    Progress progress(!options.Follow);
+    CaptureRecord record = *first;
+    Timestamp last = record.Time;
+    do {
+        pace.WaitFor(record.Time);
+        clocks.Follow(record.Time);
+        summary.StepsBack += record.Time < last ? 1 : 0;
+        last = record.Time;
+        if (record.EndsBatch()) {
+            ++summary.Batches;
+            summary.PacketsUnmarked = 0;
+            terminal.EndBatch();
+        } else {
+            if (!summary.Tally.Check(record) && options.Strict) {
+                throw BadInput(capture.Name() + ": record " + std::to_string(record.Number) + ": " +
+                               PacketTally::Fault(record) + "; mend the capture, or replay without --strict");
+            }
+            ++summary.Packets;
+            ++summary.PacketsUnmarked;
+            terminal.Put(record);
+        }
+        if (!terminal.Arrivals().empty()) {
+            TakeArrivals(terminal, record.Time + clocks.Offset(), options);
+        }
+        if (progress.IsDue()) {
+            progress.Show(Counted(summary.Packets, "packet") + ", " +
+                          ClockText(record.Time + clocks.Offset()));
+        }
+    } while (capture.Next(record));
+    if (summary.PacketsUnmarked > 0) {
+        ++summary.Batches;
+        terminal.EndBatch();
+        TakeArrivals(terminal, last + clocks.Offset(), options);
+    }
+    summary.Seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return summary;
+}
+
+}  // namespace tools

@@ -1,0 +1,106 @@
+#include "tools/report.h"
+
+#include <cstdio>
+
+#include "tools/text.h"
+
+namespace tools {
+
+namespace {
+
+std::string Figure(const char* name, const std::string& value) {
+    constexpr std::size_t kNameWidth = 18;
+    std::string label = std::string("  ") + name + ":";
+    label.resize(kNameWidth, ' ');
+    return label + value + "\n";
+}
+
+std::string Formatted(const char* format, double number) {
+    char text[64];
+    std::snprintf(text, sizeof(text), format, number);
+    return text;
+}
+
+std::string SubscriptionsText(const SubscriptionCounts& counts) {
+    return std::to_string(counts.Added) + " added, " + std::to_string(counts.Deleted) + " deleted, " +
+           std::to_string(counts.Cancelled) + " cancelled";
+}
+
+void AddLine(std::string& text, std::size_t offset, std::size_t width, const std::string& name) {
+    text += "| " + std::to_string(offset) + " | " + std::to_string(width) + " | " + name + " |\n";
+}
+
+void AddTable(std::string& text, const LayoutTable& table) {
+    text += "\n" + table.Title + ", " + Counted(table.Size, "byte") + ":\n\n";
+    text += "| Offset | Width | Field |\n|---:|---:|---|\n";
+    std::size_t end = table.Offset;
+    for (const Field& field : table.Fields) {
+        if (field.Offset > end) {
+            AddLine(text, end, field.Offset - end, "(reserved)");
+        }
+        AddLine(text, field.Offset, field.Width, field.Name);
+        end = field.Offset + field.Width;
+    }
+    if (table.Offset + table.Size > end) {
+        AddLine(text, end, table.Offset + table.Size - end, "(reserved)");
+    }
+}
+
+}  // namespace
+
+std::string ImagesText(const Terminal& terminal) {
+    std::string text;
+    for (const auto& screen : terminal.Screens()) {
+        text += screen->Title + ": " + Counted(screen->Messages, "message") + ", " +
+                Counted(screen->Rows, "row") + "\n" + screen->View->Image() + "\n";
+    }
+    return text;
+}
+
+std::string SummaryText(const ReplaySummary& summary, const Terminal& terminal) {
+    uint64_t messages = 0;
+    uint64_t rows = 0;
+    for (const auto& screen : terminal.Screens()) {
+        messages += screen->Messages;
+        rows += screen->Rows;
+    }
+    const double perSecond = summary.Seconds > 0 ? static_cast<double>(summary.Packets) / summary.Seconds : 0;
+    std::string text = "Summary\n";
+    text += Figure("packets", std::to_string(summary.Packets));
+    text += Figure("batches", std::to_string(summary.Batches));
+    text += Figure("messages", std::to_string(messages));
+    text += Figure("rows", std::to_string(rows));
+    text += Figure("subscriptions", SubscriptionsText(terminal.Subscriptions()));
+    text += Figure("seconds", Formatted("%.3f", summary.Seconds));
+    text += Figure("packets/s", Formatted("%.0f", perSecond));
+    for (const std::string& line : summary.Tally.Report()) {
+        text += "  " + line + "\n";
+    }
+    if (summary.PacketsUnmarked > 0) {
+        text += "  " + Counted(summary.PacketsUnmarked, "packet") +
+                " behind the last batch mark: a last batch was closed for them\n";
+    }
+    if (summary.StepsBack > 0) {
+        text += "  the capture's time steps back " + Counted(summary.StepsBack, "time") + "\n";
+    }
+    return text;
+}
+
+std::string LayoutsPage() {
+    std::string text =
+        "# Layouts\n\nWhat each map's Init text holds and what its screen receives, as `tickreplay "
+        "--layouts` "
+        "prints it. Offsets\ncount from the first byte of the request tag; an Init text ends with a zero "
+        "byte "
+        "behind its last field.\n";
+    for (const ScreenKind* kind : ScreenKinds()) {
+        text += std::string("\n## ") + kind->Map + "\n";
+        AddTable(text, kind->MakeInit("1ASII", {}).Table());
+        for (const LayoutTable& table : kind->Display()) {
+            AddTable(text, table);
+        }
+    }
+    return text;
+}
+
+}  // namespace tools

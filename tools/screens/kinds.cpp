@@ -1,0 +1,40 @@
+#include "tools/errors.h"
+#include "tools/screens/screen.h"
+#include "tools/text.h"
+
+namespace tools {
+
+extern const ScreenKind kFundValues;
+extern const ScreenKind kTickList;
+
+const std::vector<const ScreenKind*>& ScreenKinds() {
+    static const std::vector<const ScreenKind*> kinds = {&kFundValues, &kTickList};
+    return kinds;
+}
+
+const ScreenKind& FindScreenKind(const std::string& map) {
+    std::vector<std::string> known;
+    for (const ScreenKind* kind : ScreenKinds()) {
+        if (map == kind->Map) {
+            return *kind;
+        }
+        known.emplace_back(kind->Map);
+    }
+    throw BadInput("unknown map " + Quoted(map) + "; known: " + Joined(known));
+}
+
+StockKey StockKeyOf(std::string_view text) {
+    StockKey key;
+    FillBlank(key);
+    const bool hasBoard = !text.empty() && text[0] >= '1' && text[0] <= '4';
+    if (!hasBoard || text.size() < 2 || text.size() > sizeof(key) ||
+        text.find('\0') != std::string_view::npos) {
+        throw BadInput("key " + Quoted(text) + " is no stock; give a board char 1 to 4 and a code of up to " +
+                       std::to_string(sizeof(key.Code)) + " characters, such as 1ASII");
+    }
+    key.Board = text[0];
+    PutLeft(key.Code, text.substr(1));
+    return key;
+}
+
+}  // namespace tools

@@ -1,0 +1,58 @@
+// A kind of screen: what the tool knows of a map. Each kind has a file of its own; kinds.cpp lists them.
+#ifndef TICKMUX_TOOLS_SCREENS_SCREEN_H
+#define TICKMUX_TOOLS_SCREENS_SCREEN_H
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/fields.h"
+#include "tools/init_text.h"
+
+namespace tools {
+
+// One open screen. It keeps what its last image takes; buffers come with their request tag.
+class Screen {
+public:
+    Screen() = default;
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+    virtual ~Screen() = default;
+
+    // Takes a buffer in and gives the number of its rows. Failure for one that is not of the screen's layout.
+    virtual std::size_t Take(std::string_view buffer) = 0;
+
+    // Text of a buffer that has been taken, and of the screen as it stands: lines, indented.
+    virtual std::string Show(std::string_view buffer) const = 0;
+    virtual std::string Image() const = 0;
+};
+
+// What an Init text says unless the workspace says otherwise.
+struct InitDefaults {
+    std::string Date = "        ";  // YYYYMMDD, the capture's day
+};
+
+struct ScreenKind {
+    const char* Map;
+    // BadInput for a key that the map cannot have.
+    InitText (*MakeInit)(std::string_view key, const InitDefaults& defaults);
+    // What a buffer holds, part by part.
+    std::vector<LayoutTable> (*Display)();
+    // `rows` is how many rows a list keeps for its image.
+    std::unique_ptr<Screen> (*Open)(std::size_t rows);
+};
+
+// The kinds in order of their maps.
+const std::vector<const ScreenKind*>& ScreenKinds();
+
+// BadInput if there is none, with the maps that are known.
+const ScreenKind& FindScreenKind(const std::string& map);
+
+// A stock key as text: "1ASII". BadInput unless it is a board char and a code.
+StockKey StockKeyOf(std::string_view text);
+
+}  // namespace tools
+
+#endif

@@ -1,0 +1,98 @@
+#include "tools/terminal.h"
+
+#include <unistd.h>
+
+#include <cstring>
+
+#include "framework/subscription.h"
+#include "tools/errors.h"
+
+namespace tools {
+
+namespace {
+
+// Who the terminal's user is, as far as the module asks.
+void SetServices() {
+    tickhost_set_text("UserGrade", "100");
+    tickhost_set_text("MenuGrade", "100");
+    tickhost_set_text("HashUserID", "replay");
+    tickhost_set_text("UserID", "replay");
+    tickhost_set_text("BaseUserID", "replay");
+}
+
+}  // namespace
+
+Terminal::Terminal(const std::string& modulePath) {
+    SetServices();
+    m_Module = std::make_unique<Module>(modulePath);
+    std::string mutexName = "replay" + std::to_string(getpid());
+    m_Module->SetMutexNameToDecoder(mutexName.data());
+    m_hManager = tickhost_create_window(OnManagerMessage, this);
+    tickhost_set_communication_manager(m_hManager);
+}
+
+void Terminal::Open(const ScreenKind& kind, std::string title, InitText init, std::size_t rows) {
+    m_Screens.push_back(std::make_unique<OpenScreen>());
+    OpenScreen& screen = *m_Screens.back();
+    m_Contexts.push_back(std::make_unique<WindowContext>(WindowContext{this, &screen}));
+    screen.Title = std::move(title);
+    screen.View = kind.Open(rows);
+    screen.Window = tickhost_create_window(OnScreenMessage, m_Contexts.back().get());
+    const tickmux_handle handle = m_Module->RegistMap(screen.Window, kind.Map);
+    if (handle == 0 || handle == static_cast<tickmux_handle>(-1)) {
+        throw BadInput(std::string("the module does not open ") + kind.Map +
+                       "; name a newer one with --module");
+    }
+    screen.Handle = handle;
+    if (m_Module->InitMap(handle, init.Data()) == 0) {
+        throw BadInput("the module refuses the Init text of " + screen.Title + "; check the fields' values");
+    }
+}
+
+void Terminal::Close() {
+    if (m_Module == nullptr) {
+        return;
+    }
+    m_Module->StopView();
+    for (const auto& screen : m_Screens) {
+        if (screen->Handle != 0) {
+            m_Module->UnregistMap(screen->Handle);
+        }
+        tickhost_destroy_window(screen->Window);
+    }
+    m_Module.reset();
+    tickhost_set_communication_manager(nullptr);
+    tickhost_destroy_window(m_hManager);
+}
+
+// Runs within the module's call, so that it only takes the buffer over.
+intptr_t Terminal::OnScreenMessage(void* context, HWND /*window*/, uint32_t message, uintptr_t wParam,
+                                   intptr_t /*lParam*/) noexcept {
+    const auto& [owner, target] = *static_cast<WindowContext*>(context);
+    char* data = nullptr;
+    int length = 0;
+    if (message == WM_TICKMUX_VIEW &&
+        tickhost_take_view_item(reinterpret_cast<void*>(wParam), &data, &length) != 0) {
+        ++target->Messages;
+        owner->m_Arrivals.push_back({target, std::unique_ptr<char, ViewDataDeleter>(data),
+                                     sizeof(RequestTag) + static_cast<std::size_t>(length)});
+    }
+    return 0;
+}
+
+intptr_t Terminal::OnManagerMessage(void* context, HWND /*window*/, uint32_t message, uintptr_t /*wParam*/,
+                                    intptr_t lParam) noexcept {
+    const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+    if (message != WM_COPYDATA || data->dwData != TICKMUX_COPYDATA_SUBSCRIPTION ||
+        data->cbData != sizeof(tagRTMTRSTCDINFO)) {
+        return 0;
+    }
+    tagRTMTRSTCDINFO record;
+    std::memcpy(&record, data->lpData, sizeof(record));
+    SubscriptionCounts& counts = static_cast<Terminal*>(context)->m_Subscriptions;
+    const int32_t operation = record.nOperation;
+    ++(operation == kAddCode ? counts.Added : operation == kDeleteCode ? counts.Deleted : counts.Cancelled);
+    return 1;
+}
+
+}  // namespace tools
