@@ -1,10 +1,14 @@
 // Every decoder class, by the name of its map. This is the one place that knows them all.
 
+#include "decoders/CRICAND11.h"
+#include "decoders/CRSCAND11.h"
 #include "decoders/CRSETFNAV.h"
 #include "decoders/CRSTICK11.h"
 #include "framework/map_manager.h"
 
 extern constinit const DecoderFactoryEntry g_DecoderFactories[] = {
+    {CRICAND11::kMapName, CreateDecoder<CRICAND11>},
+    {CRSCAND11::kMapName, CreateDecoder<CRSCAND11>},
     {CRSETFNAV::kMapName, CreateDecoder<CRSETFNAV>},
     {CRSTICK11::kMapName, CreateDecoder<CRSTICK11>},
     {nullptr, nullptr},

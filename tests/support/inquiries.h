@@ -42,6 +42,36 @@ private:
     std::vector<std::string> m_Dates = {"20261120"};
 };
 
+class CandleInquiry {
+public:
+    CandleInquiry(const std::string& key, char period) : m_Key(Left(key, 11)), m_Period(1, period) {}
+    CandleInquiry& Dates(const std::string& request, const std::string& chart) {
+        return m_RequestDate = request, m_Date = chart, *this;
+    }
+    CandleInquiry& Figures(const std::string& price, const std::string& quantity) {
+        return m_Price = price, m_Quantity = quantity, *this;
+    }
+    // The newest candle, whole; a second call adds another.
+    CandleInquiry& Row(const std::string& row) {
+        return m_Rows += row, m_RowSize = row.size(), ++m_RowCount, *this;
+    }
+    operator std::string() const {  // NOLINT(google-explicit-constructor): stands for its text
+        return "C1" + m_Key + m_RequestDate + "..." + m_Date + Head(m_Period + ".", m_Price, m_Quantity) +
+               Block(std::to_string(m_RowCount), std::to_string(m_RowSize), m_Rows);
+    }
+
+private:
+    std::string m_Key;
+    std::string m_Period;
+    std::string m_RequestDate = "20261120";
+    std::string m_Date = "20261120";
+    std::string m_Price = "1000";
+    std::string m_Quantity = "500";
+    std::string m_Rows;
+    std::size_t m_RowSize = 0;
+    int m_RowCount = 0;
+};
+
 class NavInquiry {
 public:
     explicit NavInquiry(const std::string& key) : m_Key(Left(key, sizeof(StockKey))) {}

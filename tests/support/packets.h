@@ -53,6 +53,55 @@ public:
     Trade& Value(int64_t value) { return m_Packet.Value = value, *this; }
 };
 
+// A closed minute of a stock; open, high, low and close are one price until told otherwise.
+class Bar : public PacketBuilder<BarPacket> {
+public:
+    Bar(const std::string& key, const std::string& time) {
+        m_Packet.Key = ::Key(key);
+        Fill(m_Packet.Time, time);
+        Prices(1000, 1000, 1000, 1000).Volume(1);
+    }
+    Bar& Prices(int32_t open, int32_t high, int32_t low, int32_t close) {
+        m_Packet.Open = open;
+        m_Packet.High = high;
+        m_Packet.Low = low;
+        m_Packet.Close = close;
+        return *this;
+    }
+    Bar& Volume(int32_t volume) { return m_Packet.Volume = volume, *this; }
+};
+
+// Index values in ten-thousandths, as they travel.
+class IndexUpdate : public PacketBuilder<IndexPacket> {
+public:
+    explicit IndexUpdate(const std::string& code) {
+        Fill(m_Packet.Key.IndexCode, code);
+        Time("090000").Index(70000000).Volume(1).TotalVolume(100).Value(0).Day(0, 0, 0);
+        m_Packet.Sign = '2';
+    }
+    IndexUpdate& Time(const std::string& time) { return Fill(m_Packet.Time, time), *this; }
+    IndexUpdate& Index(int32_t index) { return m_Packet.Index = index, *this; }
+    IndexUpdate& Volume(int32_t volume) { return m_Packet.Volume = volume, *this; }
+    IndexUpdate& TotalVolume(int32_t volume) { return m_Packet.TotalVolume = volume, *this; }
+    IndexUpdate& Value(int64_t value) { return m_Packet.Value = value, *this; }
+    IndexUpdate& Day(int32_t open, int32_t high, int32_t low) {
+        m_Packet.Open = open;
+        m_Packet.High = high;
+        m_Packet.Low = low;
+        return *this;
+    }
+};
+
+class IndexBar : public PacketBuilder<IndexBarPacket> {
+public:
+    IndexBar(const std::string& code, const std::string& time, int32_t index, int32_t volume) {
+        Fill(m_Packet.Key.IndexCode, code);
+        Fill(m_Packet.Time, time);
+        m_Packet.Index = index;
+        m_Packet.Volume = volume;
+    }
+};
+
 class Nav : public PacketBuilder<NavPacket> {
 public:
     explicit Nav(const std::string& key) {

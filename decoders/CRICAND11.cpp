@@ -1,0 +1,30 @@
+#include "decoders/CRICAND11.h"
+
+CRICAND11::CRICAND11(HWND hWnd)
+    : CandleDecoder(hWnd, Takes<&CRICAND11::OnIndexPacket, &CRICAND11::OnIndexBarPacket>) {}
+
+int CRICAND11::OnIndexPacket(const IndexPacket& index) {
+    if (!Follows(index.Key)) {
+        return 0;
+    }
+    const double value = index.Index / kIndexScale;
+    if (PeriodChar() == kTickList) {
+        return AddTick(index.Time, value, index.Volume, index.Value, index.TotalVolume);
+    }
+    AddTrade(TimeOf(index.Time), value, index.Volume, index.TotalVolume);
+    if (PeriodChar() == kDays) {
+        // The day's own figures, not what was seen of them.
+        Live().Open = index.Open / kIndexScale;
+        Live().High = index.High / kIndexScale;
+        Live().Low = index.Low / kIndexScale;
+    }
+    return 1;
+}
+
+int CRICAND11::OnIndexBarPacket(const IndexBarPacket& bar) {
+    if (PeriodChar() == kTickList || PeriodChar() == kDays || !Follows(bar.Key)) {
+        return 0;
+    }
+    const double value = bar.Index / kIndexScale;
+    return AddBar(TimeOf(bar.Time), {value, value, value, value, bar.Volume});
+}

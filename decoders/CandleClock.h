@@ -1,0 +1,67 @@
+// A chart's periods, and the clock arithmetic on times as text HHMMSS. It knows no zone and no date: a step
+// past midnight begins again at 000000.
+#ifndef TICKMUX_DECODERS_CANDLECLOCK_H
+#define TICKMUX_DECODERS_CANDLECLOCK_H
+
+#include <cstdint>
+#include <cstring>
+
+#include "framework/codecs.h"
+#include "framework/shapes.h"
+
+// Times are compared as text.
+struct ClockTime {
+    char Text[6];
+
+    bool operator==(const ClockTime& other) const { return std::memcmp(Text, other.Text, sizeof(Text)) == 0; }
+    bool After(const ClockTime& other) const { return std::memcmp(Text, other.Text, sizeof(Text)) > 0; }
+};
+static_assert(sizeof(ClockTime) == 6);
+
+inline constexpr ClockTime kNoTime = {{'9', '9', '9', '9', '9', '9'}};  // behind every time of a day
+
+inline ClockTime TimeOf(const char (&text)[6]) {
+    ClockTime time;
+    Put(time.Text, text);
+    return time;
+}
+
+// One period: a time lies on a boundary if the number that its last digits make leaves no remainder. The
+// number MMSS is decimal, so that three minutes are 300.
+struct Period {
+    char Char;
+    int Digits;  // 2: SS, 4: MMSS; 0: no clock rule
+    int Divisor;
+    int StepSeconds;
+
+    int Remainder(const ClockTime& time) const {
+        return AsciiToLong(time.Text + sizeof(time.Text) - Digits, Digits) % Divisor;
+    }
+    bool OnBoundary(const ClockTime& time) const { return Remainder(time) == 0; }
+};
+
+inline constexpr char kHalfMinutes = 'B';
+inline constexpr char kMinutes = 'C';
+inline constexpr char kHours = 'K';
+inline constexpr char kDays = 'L';
+
+inline constexpr Period kPeriods[] = {
+    {kTickList, 0, 0, 0},         // no candle
+    {kHalfMinutes, 2, 30, 30},    //
+    {kMinutes, 4, 100, 60},       //
+    {'E', 4, 300, 3 * 60},        //
+    {'G', 4, 500, 5 * 60},        //
+    {'H', 4, 1000, 10 * 60},      //
+    {'I', 4, 1500, 15 * 60},      //
+    {'J', 4, 3000, 30 * 60},      //
+    {kHours, 4, 10000, 60 * 60},  // MMSS is 0000
+    {kDays, 0, 0, 0},             // one candle, the day's
+};
+
+// Null: no such period.
+const Period* FindPeriod(char period);
+
+// `time` and so many seconds more.
+ClockTime Later(const ClockTime& time, int seconds);
+
+#endif
