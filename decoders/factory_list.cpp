@@ -3,6 +3,9 @@
 #include "decoders/CRICAND11.h"
 #include "decoders/CRSCAND11.h"
 #include "decoders/CRSETFNAV.h"
+#include "decoders/CRSNOCH21.h"
+#include "decoders/CRSORDE21.h"
+#include "decoders/CRSORDE22.h"
 #include "decoders/CRSTICK11.h"
 #include "framework/map_manager.h"
 
@@ -10,6 +13,9 @@ extern constinit const DecoderFactoryEntry g_DecoderFactories[] = {
     {CRICAND11::kMapName, CreateDecoder<CRICAND11>},
     {CRSCAND11::kMapName, CreateDecoder<CRSCAND11>},
     {CRSETFNAV::kMapName, CreateDecoder<CRSETFNAV>},
+    {CRSNOCH21::kMapName, CreateDecoder<CRSNOCH21>},
+    {CRSORDE21::kMapName, CreateDecoder<CRSORDE21>},
+    {CRSORDE22::kMapName, CreateDecoder<CRSORDE22>},
     {CRSTICK11::kMapName, CreateDecoder<CRSTICK11>},
     {nullptr, nullptr},
 };

@@ -20,6 +20,9 @@ public:
     int Remain() const { return m_nRemain; }
     bool AtEnd() const { return m_nRemain == 0; }
 
+    // The bytes not yet read.
+    const char* Rest() const { return m_pCursor; }
+
     // False: fewer bytes remain, nothing moved.
     bool ReadBytes(void* dst, int n);
 

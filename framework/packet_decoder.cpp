@@ -64,7 +64,7 @@ void CRTMPacketDecoder::ClearViewQueue() {
 }
 
 void CRTMPacketDecoder::PostToView(ViewBuffer buffer) {
-    if (!buffer || IsWindow(m_hWnd) == FALSE) {
+    if (!buffer || !HasWindow()) {
         return;
     }
     auto* item = new (std::nothrow) ViewItem;
@@ -81,7 +81,13 @@ void CRTMPacketDecoder::PostToView(ViewBuffer buffer) {
 }
 
 void CRTMPacketDecoder::PostOutput() {
-    if (m_Output && IsWindow(m_hWnd) != FALSE) {
+    if (m_Output && HasWindow()) {
         PostToView(m_Output.Copy());
+    }
+}
+
+void CRTMPacketDecoder::PostListChanged() {
+    if (HasWindow()) {
+        PostMessageA(m_hWnd, WM_TICKMUX_LIST, 0, 0);
     }
 }

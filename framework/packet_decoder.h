@@ -80,6 +80,10 @@ protected:
     // The same with a copy of the output image as it is now.
     void PostOutput();
 
+    bool HasWindow() const { return IsWindow(m_hWnd) != FALSE; }
+    // Tells the window that the list has changed; it hears of it when it next looks at its messages.
+    void PostListChanged();
+
     // The batch end of a row list: the waiting rows leave behind `front`.
     template <class Front, class Row>
     void SendRows(const Front& front, WaitingRows<Row>& rows) {

@@ -16,7 +16,19 @@ public:
     std::size_t Size() const { return m_nSize; }
     bool Empty() const { return m_nSize == 0; }
     const T* Data() const { return m_pItems.get(); }
+    T* Data() { return m_pItems.get(); }
     const T& operator[](std::size_t index) const { return m_pItems[index]; }
+    T& operator[](std::size_t index) { return m_pItems[index]; }
+
+    // Room for so many; false if memory fails.
+    bool Reserve(std::size_t room) {
+        while (m_nRoom < room) {
+            if (!Grow()) {
+                return false;
+            }
+        }
+        return true;
+    }
 
     // One more item behind the last, its value not set. Null: memory failed, nothing changed.
     T* Append() {
@@ -33,6 +45,7 @@ public:
     }
 
     void Clear() { m_nSize = 0; }
+    void Shrink(std::size_t size) { m_nSize = size; }
 
 private:
     bool Grow() {

@@ -1,0 +1,48 @@
+// Order events that wait for the acceptance of their order, oldest first. There is no limit to them.
+#ifndef TICKMUX_DECODERS_PARKEDEVENTS_H
+#define TICKMUX_DECODERS_PARKEDEVENTS_H
+
+#include "framework/node_pool.h"
+#include "framework/number_index.h"
+
+template <class Event>
+class ParkedEvents {
+public:
+    // Without memory the event is lost.
+    void Park(const Event& event) {
+        if (Parked* parked = m_Pool.Take()) {
+            *parked = {event.Number, nullptr, nullptr, event};
+            m_Index.PutLast(parked);
+        }
+    }
+
+    // The oldest of an order leaves; false: there is none.
+    bool Take(int32_t number, Event& event) {
+        Parked* parked = m_Index.Find(number);
+        if (parked == nullptr) {
+            return false;
+        }
+        event = parked->What;
+        m_Index.Remove(parked);
+        m_Pool.Give(parked);
+        return true;
+    }
+
+    void Clear() {
+        m_Index.Clear();
+        m_Pool.Clear();
+    }
+
+private:
+    struct Parked {
+        int32_t Number;
+        Parked* Previous;
+        Parked* Next;
+        Event What;
+    };
+
+    NodePool<Parked> m_Pool;
+    NumberIndex<Parked> m_Index;
+};
+
+#endif

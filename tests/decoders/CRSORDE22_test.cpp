@@ -1,0 +1,304 @@
+#include "layouts/RSORDE22.h"
+#include "tests/decoders/orders_fixture.h"
+
+namespace {
+
+using Rows = std::vector<std::string>;
+
+// The filters of the inquiry; blank lets everything through, and so does '0' for the status.
+class Inquiry {
+public:
+    Inquiry() { FillBlank(m_Init), Fill(m_Init.UserField, kUserField), Status('0'); }
+    Inquiry& Group(const std::string& filter) { return Fill(m_Init.GroupFilter, filter), *this; }
+    Inquiry& Code(const std::string& filter) { return Fill(m_Init.CodeFilter, filter), *this; }
+    Inquiry& Status(char filter) { return m_Init.StatusFilter = filter, *this; }
+    Inquiry& Side(char filter) { return m_Init.SideFilter = filter, *this; }
+    Inquiry& Board(const std::string& filter) { return Fill(m_Init.BoardFilter, filter), *this; }
+    Inquiry& With(const std::string& row) { return m_Rows.push_back(row), *this; }
+    operator std::string() const {  // NOLINT(google-explicit-constructor): stands for its text
+        FilteredOrdersInit init = m_Init;
+        Fill(init.Repeat.Count, Right(std::to_string(m_Rows.size()), 4));
+        std::string text = "O1" + Text(init);
+        for (const std::string& row : m_Rows) {
+            text += row;
+        }
+        return text;
+    }
+
+private:
+    FilteredOrdersInit m_Init;
+    Rows m_Rows;
+};
+
+// Channel "00" is a screen's.
+ExpectedRow Row(const std::string& orderNo) {
+    return ExpectedRow(orderNo).Channel('H');
+}
+
+Notice Sending(const std::string& orderNo, int64_t quantity, char action = '1') {
+    return Notice(orderNo).Code('1', '0', action).Quantity(quantity);
+}
+
+std::string Average(const std::string& price) {
+    return Right(price, 15);
+}
+
+class FilteredOrders : public OrderScreen {
+protected:
+    FilteredOrders() : OrderScreen("RSORDE22_R") {}
+    void ExpectChanged(const Rows& rows) {
+        EndBatch();
+        Expect(Message("U  -13", rows));
+    }
+};
+
+TEST_F(FilteredOrders, AnOrderIsFollowedFromItsSending) {
+    Open(Inquiry());
+    Feed(Sending("0000001", 300));
+    Expect(Message("U  -12", {Row("0000001").Ordered("300").Open("300").Status("Sending")}));
+    Feed(Accepted("0000001", 300).Text("Accepted").Channel("T1"));
+    EndBatch();
+    const auto accepted = [] {
+        std::string row = Row("0000001").Ordered("300").Open("300").Channel('T');
+        return row.replace(6, 12, Left("Accepted", 12));
+    }();
+    Expect(Message("U  -13", {accepted}));
+    Feed(Accepted("0000001", 300).Text("Again"));
+    EXPECT_TRUE(Silent()) << "not in transit any more";
+
+    Feed(Filled("0000001", 100, "10"));
+    Feed(Filled("0000001", 100, "20"));
+    EndBatch();
+    EXPECT_EQ(m_Screen->Next().substr(197 + 69, 45), Average("15") + Right("200", 15) + Right("100", 15));
+    Feed(Filled("0000001", 100, "21"));
+    EndBatch();
+    const std::string done = m_Screen->Next().substr(197);
+    EXPECT_EQ(done.substr(69, 45), Average("17") + Right("300", 15) + Right("0", 15));
+    EXPECT_EQ(done.substr(134, 20), Left("Done", 20));
+    EXPECT_EQ(Told(), (Rows{"view", "view", "view", "view"})) << "this list never tells that it has changed";
+}
+
+TEST_F(FilteredOrders, AveragesAreRoundedFromDoublesAndNeedADivisor) {
+    Open(Inquiry());
+    Feed(Sending("0000001", 300));
+    Skip();
+    Feed(Filled("0000001", 0, "10"));
+    ExpectChanged({Row("0000001").Ordered("300").Open("300").Filled("0", "")});
+    Feed(Filled("0000001", 100, "1001"));
+    Feed(Filled("0000001", 300, "1000"));
+    ExpectChanged({Row("0000001").Ordered("300").Open("0").Filled("300", Average("1000")).Status("")});
+}
+
+TEST_F(FilteredOrders, AnAmendmentMakesItsRowWithItsConfirmation) {
+    Open(Inquiry());
+    Feed(Sending("0000001", 100));
+    Feed(Accepted("0000001", 100));
+    Skip();
+    Feed(Sending("0000002", 80, '2').Parent("0000001"));
+    Feed(Amendment("0000002", "0000001", 80, '0'));
+    EXPECT_TRUE(Silent());
+    Feed(Amendment("0000002", "0000001", 80, '2'));
+    Expect(Message("U  -12", {Row("0000002").Ordered("80").Open("80")}));
+    ExpectChanged({Row("0000001").Open("0").Status("Amended")});
+    Feed(Amendment("0000002", "0000001", 80, '2').Time("090001"));
+    ExpectChanged({Row("0000001").Open("0").Status("Amended")});
+
+    Feed(Sending("0000003", 80, '3').Parent("0000002"));
+    Feed(Cancellation("0000003", "0000002", 80, '2'));
+    ExpectChanged({Row("0000002").Ordered("80").Open("0").Status("Withdrawn")});
+    Feed(Cancellation("0000003", "0000002", 80, '2').Time("090001"));
+    Feed(Amendment("0000004", "0000002", 80, '2'));
+    Feed(Notice("0000004").Parent("0000002"));
+    EXPECT_TRUE(Silent()) << "a withdrawn order stays so";
+    Feed(Filled("0000004", 5, "7").Parent("0000002"));
+    ExpectChanged({Row("0000002").Ordered("80").Open("0").Filled("5", Average("7")).Status("")});
+}
+
+TEST_F(FilteredOrders, OrdersWithoutParentShowWhatIsKnown) {
+    Open(Inquiry());
+    Feed(Sending("0000001", 10, '2'));
+    Expect(Message("U  -12", {Row("0000001").Ordered("10").Open("10").Status("Amending")}));
+    Feed(Sending("0000002", 10, '3'));
+    Expect(Message("U  -12", {Row("0000002").Ordered("10").Status("Withdrawing")}));
+    Feed(Accepted("0000003", 10));
+    Expect(Message("U  -12", {Row("0000003").Ordered("10").Open("10")}));
+    Feed(Amendment("0000004", "0000009", 10, '2'));
+    Expect(Message("U  -12", {Row("0000004").Ordered("10").Open("10")}));
+    Feed(Cancellation("0000005", "0000009", 10, '2'));
+    Expect(Message("U  -12", {Row("0000005").Ordered("10").Status("Withdrawn")}));
+    Feed(Amendment("0000006", "0000009", 10, '0'));
+    Expect(Message("U  -12", {Row("0000006").Ordered("10").Status("")}));
+    Feed(Notice("0000007").Result('1'));
+    Expect(Message("U  -12", {Row("0000007").Status("Reject")}));
+    Feed(Notice("0000003").Result('1'));
+    Feed(Amendment("0000001", "0000009", 10, '2'));
+    Feed(Cancellation("0000002", "0000009", 10, '2'));
+    ExpectChanged({Row("0000003").Ordered("10").Open("0").Status("Reject"),
+                   Row("0000002").Ordered("10").Status("Withdrawn"),
+                   Row("0000001").Ordered("10").Open("10")});
+}
+
+TEST_F(FilteredOrders, AFillWithoutItsOrderShowsAndWaits) {
+    Open(Inquiry());
+    Feed(Filled("0000001", 30, "995"));
+    const ExpectedRow alone = Row("0000001").Price("").Ordered("").Filled("30", "995").Status("Partial");
+    Expect(Message("U  -12", {alone}));
+    Feed(Sending("0000001", 100));
+    Expect(Message("U  -12", {Row("0000001").Open("100").Status("Sending")}));
+    ExpectChanged({Row("0000001").Open("70").Filled("30", Average("995")).Status("Partial")});
+}
+
+TEST_F(FilteredOrders, FiltersKeepNoticesOut) {
+    struct Case {
+        Inquiry Filter;
+        std::vector<Notice> In;
+        std::vector<Notice> Out;
+    };
+    const auto notice = [] { return Sending("0000001", 1); };
+    for (const Case& c : std::vector<Case>{
+             {Inquiry().Code("ASII"), {notice()}, {notice().Item("ASIIX"), notice().Item("ASI")}},
+             {Inquiry().Code("All ASII"), {notice().Item("BBCA")}, {}},
+             {Inquiry().Code("ALL"), {notice().Item("BBCA")}, {}},
+             {Inquiry().Code("AllX"), {}, {notice()}},
+             {Inquiry().Group("GRP1"), {notice().Group("GRP1")}, {notice(), notice().Group("GRP11")}},
+             {Inquiry().Group("      X"), {notice()}, {}},
+             {Inquiry().Side('1'), {notice(), notice().Side('3')}, {notice().Side('2')}},
+             {Inquiry().Side('0'), {notice().Side('2'), notice().Side('3')}, {notice()}},
+             {Inquiry().Side('2'), {notice(), notice().Side('2')}, {}},
+             {Inquiry().Side('5'), {notice().Side('3')}, {notice(), notice().Side('2')}},
+             {Inquiry().Board("NG"),
+              {notice().Board("NG"), notice().Board("ADV"), notice().Board("")},
+              {notice()}},
+             {Inquiry().Board("RG"),
+              {notice(), notice().Board("R")},
+              {notice().Board("RG2"), notice().Board("ADV")}},
+             {Inquiry().Board("ALL"), {notice().Board("TN")}, {}},
+             {Inquiry(), {}, {notice().User("TRADER02"), notice().Field("ACC002"), notice().Record("00")}}}) {
+        for (const Notice& in : c.In) {
+            Open(c.Filter);
+            Feed(in);
+            EXPECT_FALSE(m_Screen->Empty()) << std::string(c.Filter);
+        }
+        Open(c.Filter);
+        for (const Notice& out : c.Out) {
+            Feed(out);
+            EXPECT_TRUE(m_Screen->Empty()) << std::string(c.Filter) << out.Bytes();
+        }
+    }
+}
+
+TEST_F(FilteredOrders, LotsAndChannelsHaveTheirOwnRules) {
+    const auto figures = [this](const Notice& notice) {
+        Open(Inquiry());
+        Feed(notice);
+        const std::string row = m_Screen->Next().substr(197);
+        return row.substr(54, 15) + row.substr(161, 1);
+    };
+    EXPECT_EQ(figures(Sending("0000001", 12).Lot("0")), Right("1200", 15) + "H");
+    EXPECT_EQ(figures(Sending("0000001", 12).Lot("  500").Channel("33")), Right("2", 15) + "H");
+    EXPECT_EQ(figures(Sending("0000001", 999999999).Lot("1").Channel("M3")), Right("99999999900", 15) + "M");
+    for (const auto& [code, mark] : std::vector<std::pair<std::string, std::string>>{
+             {"M1", "M"}, {"M4", "H"}, {"00", "D"}, {"03", "D"}, {"21", "A"}, {"T1", "T"}, {"", "H"}}) {
+        EXPECT_EQ(figures(Sending("0000001", 1).Channel(code)).substr(15), mark) << code;
+    }
+    tickhost_set_text("MenuGrade", "1");
+    EXPECT_EQ(figures(Sending("0000001", 1).Channel("03")).substr(15), "D");
+    tickhost_set_text("UserID", "3BRANCH");
+    EXPECT_EQ(figures(Sending("0000001", 1).Channel("03").User("3BRANCH")).substr(15), "W");
+}
+
+TEST_F(FilteredOrders, TheFirstMessageHasTheInquirysRowsThatPass) {
+    const std::string open = Row("0000001").Open("10");
+    const std::string done = Row("0000002").Status("Done");
+    Open(Inquiry().Status('1').With(open).With(done));
+    Expect(Message("U  -10", {open}));
+    Open(Inquiry().Status('3').With(open).With(done));
+    Open(Inquiry().Status('1'));
+    EXPECT_TRUE(Silent()) << "no row, no message";
+    Open(Inquiry().Status('7').With(open).With(done));
+    Expect(Message("U  -10", {open, done}));
+
+    const std::string whole = Inquiry().With(open);
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        EXPECT_EQ(m_Screen->Init(whole.substr(0, length)), 0) << length;
+    }
+    EXPECT_EQ(m_Screen->Init(whole + " "), 0);
+    EXPECT_EQ(m_Screen->Init(std::string(Inquiry())), 1);
+    Feed(Filled("0000002", 1, "1"));
+    EXPECT_EQ(m_Screen->Next().substr(27, 5), "  -12") << "a refused inquiry has emptied the list";
+}
+
+TEST_F(FilteredOrders, ARowThatComesIntoTheFilterIsNewToTheView) {
+    Open(Inquiry().Status('2'));
+    for (const char* number : {"0000001", "0000002", "0000003"}) {
+        Feed(Sending(number, 100));
+        EXPECT_TRUE(m_Screen->Empty());
+    }
+    Feed(Filled("0000002", 100, "7"));
+    EndBatch();
+    const auto done = [](const std::string& number) {
+        return Row(number).Open("0").Filled("100", Average("7")).Status("Done");
+    };
+    Expect(Message("U  -12", {done("0000002")}));
+    Feed(Filled("0000001", 100, "7"));
+    Feed(Filled("0000002", 100, "7"));  // filled beyond: it leaves the filter, which withdraws nothing
+    Feed(Filled("0000003", 100, "7"));
+    EndBatch();
+    Expect(Message("U  -12", {done("0000003")}));
+    EXPECT_TRUE(Silent()) << "the next one waits for another change";
+    Feed(Sending("0000004", 1));
+    EndBatch();
+    Expect(Message("U  -12", {done("0000001")}));
+}
+
+TEST_F(FilteredOrders, AnActionThatTurnsLeavesABlankTail) {
+    const std::string shown = Row("0000001").Open("10").Status("Partial");
+    Open(Inquiry().Status('4').With(shown).With(Row("0000002").Open("10")));
+    Expect(Message("U  -10", {shown}));
+    Feed(Filled("0000001", 1, "7"));
+    Feed(Filled("0000002", 1, "7"));
+    EndBatch();
+    const std::string promoted = Row("0000002").Open("9").Filled("1", Average("7")).Status("Partial");
+    std::string expected = Message("U  -12", {promoted});
+    Expect(expected + std::string(171, ' '));
+    Feed(Filled("0000009", 1, "7").Board("XX").User("TRADER02"));
+    EXPECT_TRUE(Silent()) << "what was counted but not sent waits";
+}
+
+TEST_F(FilteredOrders, ShownRowsThatLeaveTheFilterAreWithdrawn) {
+    for (const char filter : {'1', '4'}) {
+        const auto partial = [](const std::string& number) {
+            return Row(number).Open("10").Filled("90", "7").Status("Partial");
+        };
+        Open(Inquiry()
+                 .Status(filter)
+                 .With(partial("0000001"))
+                 .With(Row("0000002").Status("Done"))
+                 .With(partial("0000003"))
+                 .With(partial("0000004")));
+        Expect(Message("U  -10", {partial("0000001"), partial("0000003"), partial("0000004")}));
+        Feed(Filled("0000003", 10, "7"));
+        Feed(Filled("0000001", 10, "7"));
+        EndBatch();
+        const auto done = [](const std::string& number) {
+            return Row(number).Open("0").Filled("100", Average("7")).Status("Done");
+        };
+        Expect(Message("U  -13", {done("0000001"), done("0000003")}));
+        Expect(Message("D   13", {}));
+        Expect(Message("D   03", {}));
+        Feed(Filled("0000001", 1, "7"));
+        EXPECT_TRUE(Silent()) << "the view no longer has it";
+    }
+}
+
+TEST_F(FilteredOrders, AWindowMayStopTheListFromWithinItsMessage) {
+    Open(Inquiry().Status('1').With(Row("0000001").Open("10")).With(Row("0000002").Open("10")));
+    m_Screen->Next();
+    Feed(Filled("0000001", 10, "7"));
+    Feed(Filled("0000002", 10, "7"));
+    m_Screen->OnNextMessage([&] { m_Screen->Stop(); });
+    EndBatch();
+    EXPECT_EQ(Told(), (Rows{"view", "view"})) << "the first messages; no deletions of a list that is gone";
+}
+
+}  // namespace
