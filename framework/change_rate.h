@@ -2,15 +2,11 @@
 #ifndef TICKMUX_FRAMEWORK_CHANGE_RATE_H
 #define TICKMUX_FRAMEWORK_CHANGE_RATE_H
 
-// Per cent of `base` by which `value` lies from it; 0.0 against a base of zero.
-constexpr double ChangeRate(double value, double base) {
-    return base == 0.0 ? 0.0 : (value - base) / base * 100.0;
-}
-
-// Moved towards zero, so that a print with two decimals cuts instead of rounding. The direction is that of
-// the packet's sign char, as SignToColor tells it.
-constexpr double BiasedRate(double rate, int direction) {
-    return rate - 0.00499 * direction;
+// Per cent that `change` is of `base`, moved towards zero so that a print with two decimals cuts instead of
+// rounding. The direction is that of the packet's sign char, as SignToColor tells it. 0.0 against a base of
+// zero.
+constexpr double BiasedRate(double change, double base, int direction) {
+    return base == 0.0 ? 0.0 : change / base * 100.0 - 0.00499 * direction;
 }
 
 #endif

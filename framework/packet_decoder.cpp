@@ -86,6 +86,12 @@ void CRTMPacketDecoder::PostOutput() {
     }
 }
 
+void CRTMPacketDecoder::NotifyListChanged() {
+    if (HasWindow()) {
+        SendNotifyMessageA(m_hWnd, WM_TICKMUX_LIST, 0, 0);
+    }
+}
+
 void CRTMPacketDecoder::PostListChanged() {
     if (HasWindow()) {
         PostMessageA(m_hWnd, WM_TICKMUX_LIST, 0, 0);

@@ -81,7 +81,8 @@ protected:
     void PostOutput();
 
     bool HasWindow() const { return IsWindow(m_hWnd) != FALSE; }
-    // Tells the window that the list has changed; it hears of it when it next looks at its messages.
+    // Tell the window that the list has changed: now, or when it next looks at its messages.
+    void NotifyListChanged();
     void PostListChanged();
 
     // The batch end of a row list: the waiting rows leave behind `front`.

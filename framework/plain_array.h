@@ -38,6 +38,14 @@ public:
         return &m_pItems[m_nSize++];
     }
 
+    // There must be room; the items behind move down.
+    void Insert(std::size_t place, const T& item) {
+        T* at = m_pItems.get() + place;
+        std::copy_backward(at, m_pItems.get() + m_nSize, m_pItems.get() + m_nSize + 1);
+        *at = item;
+        ++m_nSize;
+    }
+
     // The items behind move up.
     void Remove(const T& item) {
         T* const end = m_pItems.get() + m_nSize;

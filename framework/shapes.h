@@ -112,4 +112,16 @@ void Describe(const HeadedRows& front, Visitor&& visit) {
     visit("Repeat", front.Repeat);
 }
 
+// The front of a buffer of rows without a display head; the rows follow.
+struct PlainRows {
+    RequestTag Tag;
+    RepeatHead Repeat;
+};
+static_assert(sizeof(PlainRows) == 26);
+
+template <class Visitor>
+void Describe(const PlainRows& front, Visitor&& visit) {
+    visit("Repeat", front.Repeat);
+}
+
 #endif

@@ -89,10 +89,12 @@ public:
 
     const Key& Get() const { return m_Key; }
 
-    void MoveTo(const Key& next) {
-        const Key former = std::exchange(m_Key, next);
-        Subscription<Key, Class, Flags>::Move(former, m_Key);
-    }
+    void MoveTo(const Key& next) { MoveFrom(Take(next)); }
+
+    // The same in two steps: the key first, and the requests when the rest is ready. Take gives the former
+    // key.
+    Key Take(const Key& next) { return std::exchange(m_Key, next); }
+    void MoveFrom(const Key& former) { Subscription<Key, Class, Flags>::Move(former, m_Key); }
 
     void GiveUp() {
         Subscription<Key, Class, Flags>::Delete(m_Key);

@@ -176,11 +176,12 @@ TEST(Codecs, TextIsCopiedToTheRightEnd) {
 }
 
 TEST(Codecs, RatesAreBiasedTowardsZeroSoThatThePrintCuts) {
-    EXPECT_EQ(ChangeRate(1005, 0), 0.0);
-    EXPECT_EQ(Double(BiasedRate(ChangeRate(1010, 1000), 1), 6, 2), "  1.00");
-    EXPECT_EQ(Double(BiasedRate(ChangeRate(1019.99, 1000), 1), 6, 2), "  1.99");
-    EXPECT_EQ(Double(BiasedRate(ChangeRate(980.01, 1000), -1), 6, 2), " -1.99");
-    EXPECT_EQ(BiasedRate(1.239, 0), 1.239);
+    EXPECT_EQ(Double(BiasedRate(10, 1000, 1), 6, 2), "  1.00");
+    EXPECT_EQ(Double(BiasedRate(19.99, 1000, 1), 6, 2), "  1.99");
+    EXPECT_EQ(Double(BiasedRate(-19.99, 1000, -1), 6, 2), " -1.99");
+    EXPECT_EQ(Double(BiasedRate(0.01, 1000, 1), 6, 2), " -0.00");
+    EXPECT_EQ(BiasedRate(5, 1000, 0), 0.5);
+    EXPECT_EQ(BiasedRate(5, 0, 1), 0.0);
 }
 
 }  // namespace

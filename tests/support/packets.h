@@ -42,15 +42,64 @@ public:
     explicit Trade(const std::string& key) {
         m_Packet.Key = ::Key(key);
         Time("090000").Price(1000).Volume(1).TotalVolume(100);
-        m_Packet.Sign = '2';
-        m_Packet.Change = 10;
-        m_Packet.LotSize = 100;
+        Change('2', 10)
+            .Day(995, 1010, 990)
+            .Best(995, 1005)
+            .Totals(7, 100, 10000000)
+            .Lot(100)
+            .Brokers('D', 'D');
     }
     Trade& Time(const std::string& time) { return Fill(m_Packet.Time, time), *this; }
     Trade& Price(int32_t price) { return m_Packet.Price = price, *this; }
     Trade& Volume(int32_t volume) { return m_Packet.Volume = volume, *this; }
     Trade& TotalVolume(int32_t volume) { return m_Packet.TotalVolume = volume, *this; }
     Trade& Value(int64_t value) { return m_Packet.Value = value, *this; }
+    Trade& Change(char sign, int32_t change) { return m_Packet.Sign = sign, m_Packet.Change = change, *this; }
+    Trade& Day(int32_t open, int32_t high, int32_t low) {
+        m_Packet.Open = open;
+        m_Packet.High = high;
+        m_Packet.Low = low;
+        return *this;
+    }
+    Trade& Best(int32_t side1, int32_t side2) {
+        m_Packet.Best1Price = side1;
+        m_Packet.Best2Price = side2;
+        return *this;
+    }
+    Trade& Totals(int32_t trades, int32_t volume, int64_t value) {
+        m_Packet.TradeCount = trades;
+        m_Packet.TotalValue = value;
+        return TotalVolume(volume);
+    }
+    Trade& Lot(int32_t size) { return m_Packet.LotSize = size, *this; }
+    Trade& Brokers(char class1, char class2) {
+        m_Packet.Broker1Class = class1;
+        m_Packet.Broker2Class = class2;
+        return *this;
+    }
+};
+
+// A book whose first level alone is filled.
+class Book : public PacketBuilder<BookPacket> {
+public:
+    explicit Book(const std::string& key) {
+        std::memset(m_Packet.Levels, 0, sizeof(m_Packet.Levels));
+        m_Packet.Key = ::Key(key);
+        m_Packet.BasePrice = 990;
+        Side1(995, 10, 100).Side2(1005, 20, 200);
+    }
+    Book& Side1(int32_t price, int32_t quantity, int32_t total) {
+        m_Packet.Levels[0].Side1Price = price;
+        m_Packet.Levels[0].Side1Qty = quantity;
+        m_Packet.Side1Total = total;
+        return *this;
+    }
+    Book& Side2(int32_t price, int32_t quantity, int32_t total) {
+        m_Packet.Levels[0].Side2Price = price;
+        m_Packet.Levels[0].Side2Qty = quantity;
+        m_Packet.Side2Total = total;
+        return *this;
+    }
 };
 
 // A closed minute of a stock; open, high, low and close are one price until told otherwise.
@@ -77,7 +126,19 @@ public:
     explicit IndexUpdate(const std::string& code) {
         Fill(m_Packet.Key.IndexCode, code);
         Time("090000").Index(70000000).Volume(1).TotalVolume(100).Value(0).Day(0, 0, 0);
-        m_Packet.Sign = '2';
+        Change('2', 0).TotalValue(0).Counts(1, 2, 3, 4, 5);
+    }
+    IndexUpdate& Change(char sign, int32_t change) {
+        return m_Packet.Sign = sign, m_Packet.Change = change, *this;
+    }
+    IndexUpdate& TotalValue(int64_t value) { return m_Packet.TotalValue = value, *this; }
+    IndexUpdate& Counts(int32_t first, int32_t second, int32_t third, int32_t fourth, int32_t fifth) {
+        m_Packet.Count1 = first;
+        m_Packet.Count2 = second;
+        m_Packet.Count3 = third;
+        m_Packet.Count4 = fourth;
+        m_Packet.Count5 = fifth;
+        return *this;
     }
     IndexUpdate& Time(const std::string& time) { return Fill(m_Packet.Time, time), *this; }
     IndexUpdate& Index(int32_t index) { return m_Packet.Index = index, *this; }

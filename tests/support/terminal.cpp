@@ -84,18 +84,23 @@ intptr_t Screen::Procedure(void* context, HWND /*window*/, uint32_t message, uin
     EXPECT_EQ(lParam, 0);
     if (message == WM_TICKMUX_LIST) {
         screen.m_Terminal.Happened("list");
+        screen.Act();
         return 0;
     }
     EXPECT_EQ(message, static_cast<uint32_t>(WM_TICKMUX_VIEW));
     screen.m_Terminal.Happened("view");
     screen.m_pQueue = reinterpret_cast<void*>(wParam);
-    if (screen.m_OnMessage) {
-        std::exchange(screen.m_OnMessage, nullptr)();
-    }
+    screen.Act();
     if (screen.m_bFetching) {
         screen.Fetch();
     }
     return 0;
+}
+
+void Screen::Act() {
+    if (m_OnMessage) {
+        std::exchange(m_OnMessage, nullptr)();
+    }
 }
 
 // ------------------------------------------------------------------ Terminal

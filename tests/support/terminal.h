@@ -36,7 +36,7 @@ public:
     std::string Next();
     bool Empty() const { return m_Buffers.empty(); }
 
-    // Runs within message 2244, once, before the buffer is fetched.
+    // Runs within the next message, once, before a buffer is fetched.
     void OnNextMessage(std::function<void()> action) { m_OnMessage = std::move(action); }
     // From now on messages leave their buffers in the queue.
     void StopFetching() { m_bFetching = false; }
@@ -46,6 +46,8 @@ public:
 private:
     static intptr_t Procedure(void* context, HWND window, uint32_t message, uintptr_t wParam,
                               intptr_t lParam);
+
+    void Act();
 
     Terminal& m_Terminal;
     HWND m_hWnd;

@@ -1,0 +1,50 @@
+// Volume by price: the table of one stock's day, a row for each price at which it has traded.
+//
+// Takes A packets of the stock; sends the whole table once per batch, and tells a new row at once.
+#ifndef TICKMUX_DECODERS_CRSTRBK01_H
+#define TICKMUX_DECODERS_CRSTRBK01_H
+
+#include "framework/node_pool.h"
+#include "framework/number_index.h"
+#include "framework/packet_decoder.h"
+#include "framework/plain_array.h"
+#include "framework/subscription.h"
+#include "layouts/RSTRBK01.h"
+
+class CRSTRBK01 : public CRTMPacketDecoder {
+public:
+    static constexpr char kMapName[] = "RSTRBK01_R";
+
+    explicit CRSTRBK01(HWND hWnd);
+    ~CRSTRBK01() override;
+
+    int Init(const char* buffer) override;
+    void Stop() override;
+    void Release() override;
+    void EndUnpack() override;
+    const char* GetMapName() const override { return kMapName; }
+
+private:
+    struct Entry {
+        int32_t Number;  // the price
+        Entry* Previous;
+        Entry* Next;
+        PriceRow Row;
+    };
+
+    int OnTradePacket(const TradePacket& trade);
+
+    void ClearTable();
+    bool TakeRows(const char* rows, int count, std::size_t size);
+    // A row with its number, at a place of the list. Null: memory failed.
+    Entry* InsertRow(std::size_t place, const PriceRow& row, int32_t price);
+    Entry* InsertPrice(const TradePacket& trade);
+
+    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key;
+    RequestTag m_Tag{};
+    NodePool<Entry> m_Entries;
+    PlainArray<Entry*> m_List;     // highest price first, unless the inquiry had another order
+    NumberIndex<Entry> m_ByPrice;  // of equal prices the first
+};
+
+#endif

@@ -1,0 +1,100 @@
+// A panel: the whole record of an instrument's numbered fields is kept, and the range that the screen asked
+// for goes out once per batch that changed a field.
+//
+// A Kind tells the table, the Init text's head, the key and what it subscribes to.
+#ifndef TICKMUX_DECODERS_FIELDPANEL_H
+#define TICKMUX_DECODERS_FIELDPANEL_H
+
+#include <cstring>
+#include <utility>
+
+#include "framework/field_panel.h"
+#include "framework/init_reader.h"
+#include "framework/packet_decoder.h"
+#include "framework/subscription.h"
+
+template <class Kind>
+class PanelDecoder : public CRTMPacketDecoder {
+public:
+    int Init(const char* buffer) override;
+    void Release() override;
+    void EndUnpack() override;
+    ~PanelDecoder() override { m_Key.GiveUp(); }
+
+protected:
+    using Key = typename Kind::Key;
+
+    PanelDecoder(HWND hWnd, const PacketSlots& slots) : CRTMPacketDecoder(hWnd, slots) {}
+
+    bool Follows(const Key& key) const { return key == m_Key.Get(); }
+    const FieldRange& Range() const { return m_Range; }
+    // The base that the inquiry's fields tell, before the first packet.
+    virtual void TakeBase() = 0;
+
+    template <int Number>
+    auto& Value() {
+        return m_Fields.template Value<Number>();
+    }
+    template <int Number>
+    auto& Tag() {
+        return m_Fields.template Tag<Number>();
+    }
+    // The tag of a value by how it lies to the base.
+    template <int Number, class Figure>
+    void TagAgainst(Figure base, Figure value) {
+        PutColor(Tag<Number>(), DirectionFrom(base, value));
+    }
+
+private:
+    using Record = PanelRecord<Kind::kTable>;
+
+    FollowedCode<Key, Kind::kClass, Kind::kFlags> m_Key;
+    FieldRange m_Range;
+    RequestTag m_Tag{};
+    Record m_Fields;
+};
+
+// A text that is refused leaves everything as it was.
+template <class Kind>
+int PanelDecoder<Kind>::Init(const char* buffer) {
+    CRTMPacketDecoder::Init(buffer);
+    InitReader in(buffer);
+    typename Kind::Init init;
+    if (!in.Read(init)) {
+        return 0;
+    }
+    const FieldRange range{ToLong(init.FirstField), ToLong(init.LastField)};
+    if (!range.IsIn(Kind::kTable) || in.Remain() != static_cast<int>(Record::SizeOf(range))) {
+        return 0;
+    }
+    m_Tag = in.Tag();
+    m_Range = range;
+    m_Fields.Clear();
+    in.ReadBytes(m_Fields.At(range), in.Remain());
+    TakeBase();
+    m_Key.MoveTo(init.Key);
+    return 1;
+}
+
+template <class Kind>
+void PanelDecoder<Kind>::EndUnpack() {
+    if (m_bChanged == 0 || m_bStopped != 0) {
+        return;
+    }
+    m_bChanged = 0;
+    const std::size_t size = Record::SizeOf(m_Range);
+    ViewBuffer buffer = ViewBuffer::Blank(sizeof(m_Tag) + size);
+    if (buffer) {
+        buffer.As<RequestTag>() = m_Tag;
+        std::memcpy(buffer.Bytes() + sizeof(m_Tag), m_Fields.At(m_Range), size);
+        PostToView(std::move(buffer));
+    }
+}
+
+template <class Kind>
+void PanelDecoder<Kind>::Release() {
+    CRTMPacketDecoder::Release();
+    m_Key.GiveUp();
+}
+
+#endif
