@@ -104,6 +104,16 @@ CaptureWriter::CaptureWriter(const std::string& path) : m_Name(path == "-" ? "st
 }
 
 void CaptureWriter::Packet(Timestamp time, const void* bytes, std::size_t length) {
+    Record(time, bytes, length);
+    ++m_nPackets;
+}
+
+void CaptureWriter::BatchEnd(Timestamp time) {
+    Record(time, "", 0);
+    ++m_nBatches;
+}
+
+void CaptureWriter::Record(Timestamp time, const void* bytes, std::size_t length) {
     const auto second = std::chrono::floor<std::chrono::seconds>(time);
     pcap_pkthdr header{};
     header.ts.tv_sec = second.time_since_epoch().count();

@@ -55,17 +55,23 @@ public:
 
     // A packet, type byte first. Longer ones than a capture can hold are the caller's fault.
     void Packet(Timestamp time, const void* bytes, std::size_t length);
-    void BatchEnd(Timestamp time) { Packet(time, "", 0); }
+    void BatchEnd(Timestamp time);
+
+    uint64_t Packets() const { return m_nPackets; }
+    uint64_t Batches() const { return m_nBatches; }
 
     // To be called at the end: what is still buffered may fail to reach the disk.
     void Close();
 
 private:
+    void Record(Timestamp time, const void* bytes, std::size_t length);
     void CheckWritten(bool written) const;
 
     std::string m_Name;
     std::unique_ptr<pcap, PcapCloser> m_Capture;
     std::unique_ptr<pcap_dumper, PcapCloser> m_Dump;
+    uint64_t m_nPackets = 0;
+    uint64_t m_nBatches = 0;
 };
 
 }  // namespace tools

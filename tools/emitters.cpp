@@ -70,4 +70,54 @@ WholePacket<NavPacket> MakeNav(const Fund& fund, bool close) {
     return whole;
 }
 
+WholePacket<BarPacket> MakeBar(const Stock& stock, const MinuteBar& minute, Timestamp end) {
+    WholePacket<BarPacket> whole;
+    BarPacket& bar = whole.Payload;
+    FillBlank(bar);
+    bar.Key = KeyOf(stock.Code);
+    PutLeft(bar.Time, TimeText(end));
+    bar.Open = minute.Open;
+    bar.High = minute.High;
+    bar.Low = minute.Low;
+    bar.Close = minute.Close;
+    bar.Volume = minute.Volume;
+    return whole;
+}
+
+WholePacket<IndexPacket> MakeIndex(const Index& index, Timestamp local) {
+    const int32_t change = index.Value - index.Base;
+    WholePacket<IndexPacket> whole;
+    IndexPacket& update = whole.Payload;
+    FillBlank(update);
+    PutLeft(update.Key.IndexCode, index.Code);
+    PutLeft(update.Time, TimeText(local));
+    update.Sign = SignOf(change);
+    update.Index = index.Value;
+    update.Change = std::abs(change);
+    update.Volume = index.Volume;
+    update.Value = index.Money;
+    update.Count5 = index.TradeCount;
+    update.TotalVolume = index.TotalVolume;
+    update.TotalValue = index.TotalValue;
+    update.Count2 = index.Falling;
+    update.Count1 = index.Rising;
+    update.Count3 = index.Unchanged;
+    update.Count4 = index.Untraded;
+    update.Open = index.Open;
+    update.High = index.High;
+    update.Low = index.Low;
+    return whole;
+}
+
+WholePacket<IndexBarPacket> MakeIndexBar(const Index& index, int32_t volume, Timestamp end) {
+    WholePacket<IndexBarPacket> whole;
+    IndexBarPacket& bar = whole.Payload;
+    FillBlank(bar);
+    PutLeft(bar.Key.IndexCode, index.Code);
+    PutLeft(bar.Time, TimeText(end));
+    bar.Index = index.Value;
+    bar.Volume = volume;
+    return whole;
+}
+
 }  // namespace tools

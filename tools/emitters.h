@@ -3,7 +3,9 @@
 #define TICKMUX_TOOLS_EMITTERS_H
 
 #include "framework/packets.h"
+#include "tools/indices.h"
 #include "tools/market.h"
+#include "tools/minute_bar.h"
 #include "tools/times.h"
 
 namespace tools {
@@ -21,6 +23,14 @@ WholePacket<TradePacket> MakeTrade(const Deal& deal, Timestamp local);
 
 // With `close` both closing values, otherwise the indicative one.
 WholePacket<NavPacket> MakeNav(const Fund& fund, bool close);
+
+// `end` is the minute's end, which is the bar's time.
+WholePacket<BarPacket> MakeBar(const Stock& stock, const MinuteBar& minute, Timestamp end);
+
+WholePacket<IndexPacket> MakeIndex(const Index& index, Timestamp local);
+
+// The index as it stands, and the quantity of its minute.
+WholePacket<IndexBarPacket> MakeIndexBar(const Index& index, int32_t volume, Timestamp end);
 
 }  // namespace tools
 

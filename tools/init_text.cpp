@@ -37,6 +37,11 @@ void InitText::Set(std::string_view name, std::string_view value) {
                     std::string(value) + std::string(field.Width - value.size(), ' '));
 }
 
+void InitText::Cut(std::size_t size) {
+    m_Bytes.resize(size);
+    std::erase_if(m_Fields, [size](const Field& field) { return field.Offset >= size; });
+}
+
 const Field& InitText::Find(std::string_view name) const {
     std::vector<const Field*> all;
     std::vector<const Field*> found;

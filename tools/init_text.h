@@ -26,6 +26,13 @@ public:
     // word where only one field ends with it. BadInput for a name or a value that does not fit.
     void Set(std::string_view name, std::string_view value);
 
+    // A field, named as for Set, with its spaces.
+    std::string_view Value(std::string_view name) const { return Find(name).Of(m_Bytes); }
+
+    std::string_view Bytes() const { return m_Bytes; }
+    // Ends the text behind its first `size` bytes; fields beyond are gone.
+    void Cut(std::size_t size);
+
     // Zero-terminated, for InitMap.
     char* Data() { return m_Bytes.data(); }
 

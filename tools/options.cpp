@@ -1,6 +1,8 @@
 #include "tools/options.h"
 
 #include <charconv>
+#include <filesystem>
+#include <system_error>
 
 #include "tools/errors.h"
 #include "tools/text.h"
@@ -55,6 +57,14 @@ double DecimalOption(const char* name, const std::string& text, double lowest, d
         Refuse(name, text, range);
     }
     return number;
+}
+
+std::string FolderOption(const char* name, const std::string& text) {
+    std::error_code error;
+    if (!std::filesystem::is_directory(text, error)) {
+        throw BadInput(std::string("--") + name + " " + Quoted(text) + " is no folder; make it first");
+    }
+    return text;
 }
 
 }  // namespace tools

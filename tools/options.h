@@ -21,6 +21,9 @@ int64_t NumberOption(const char* name, const std::string& text, int64_t lowest, 
 // The same for a number that may have decimals.
 double DecimalOption(const char* name, const std::string& text, double lowest, double highest);
 
+// BadInput, naming the option, unless `text` is the path of a folder.
+std::string FolderOption(const char* name, const std::string& text);
+
 }  // namespace tools
 
 #endif

@@ -18,9 +18,7 @@ Progress::Progress(bool wanted)
     : m_bOn(wanted && isatty(STDERR_FILENO) != 0), m_Next(Clock::now() + kFirst) {}
 
 Progress::~Progress() {
-    if (m_bShown) {
-        std::fputs(kClearLine, stderr);
-    }
+    Hide();
 }
 
 bool Progress::LookAtClock() {
@@ -35,6 +33,13 @@ bool Progress::LookAtClock() {
 void Progress::Show(const std::string& line) {
     m_bShown = true;
     std::fprintf(stderr, "%s%s", kClearLine, line.c_str());
+}
+
+void Progress::Hide() {
+    if (m_bShown) {
+        std::fputs(kClearLine, stderr);
+        m_bShown = false;
+    }
 }
 
 }  // namespace tools

@@ -18,6 +18,8 @@ public:
     // True from time to time; then the line is to be shown anew.
     bool IsDue() { return m_bOn && LookAtClock(); }
     void Show(const std::string& line);
+    // Makes way for another line.
+    void Hide();
 
 private:
     using Clock = std::chrono::steady_clock;

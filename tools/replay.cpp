@@ -11,7 +11,16 @@ namespace tools {
 
 namespace {
 
-void TakeArrivals(Terminal& terminal, Timestamp localTime, const ReplayOptions& options) {
+void Warn(const std::string& warning, Progress& progress) {
+    progress.Hide();
+    std::fflush(stdout);
+    std::fprintf(stderr, "tickreplay: warning: %s\n", warning.c_str());
+}
+
+// Gives the number of warnings.
+uint64_t TakeArrivals(Terminal& terminal, Timestamp localTime, const ReplayOptions& options,
+                      Progress& progress) {
+    uint64_t warnings = 0;
     for (Arrival& arrival : terminal.Arrivals()) {
         OpenScreen& screen = *arrival.Target;
         try {
@@ -23,11 +32,20 @@ void TakeArrivals(Terminal& terminal, Timestamp localTime, const ReplayOptions& 
             const std::string text = screen.View->Show(arrival.Buffer());
             std::printf("%s %s\n%s", ClockText(localTime).c_str(), screen.Title.c_str(), text.c_str());
         }
+        for (const std::string& fault : screen.View->TakeFaults()) {
+            const std::string warning = ClockText(localTime) + " " + screen.Title + ": " + fault;
+            if (options.Strict) {
+                throw Failure(warning);
+            }
+            Warn(warning, progress);
+            ++warnings;
+        }
     }
     if (options.Follow && options.Speed) {
         std::fflush(stdout);
     }
     terminal.Arrivals().clear();
+    return warnings;
 }
 
 }  // namespace
@@ -73,7 +91,7 @@ ReplaySummary Replay(CaptureReader& capture, const std::optional<CaptureRecord>&
             terminal.Put(record);
         }
         if (!terminal.Arrivals().empty()) {
-            TakeArrivals(terminal, record.Time + clocks.Offset(), options);
+            summary.Warnings += TakeArrivals(terminal, record.Time + clocks.Offset(), options, progress);
         }
         if (progress.IsDue()) {
             progress.Show(Counted(summary.Packets, "packet") + ", " +
@@ -83,7 +101,7 @@ ReplaySummary Replay(CaptureReader& capture, const std::optional<CaptureRecord>&
     if (summary.PacketsUnmarked > 0) {
         ++summary.Batches;
         terminal.EndBatch();
-        TakeArrivals(terminal, last + clocks.Offset(), options);
+        summary.Warnings += TakeArrivals(terminal, last + clocks.Offset(), options, progress);
     }
     summary.Seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     return summary;

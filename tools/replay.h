@@ -15,7 +15,8 @@ namespace tools {
 struct ReplayOptions {
     std::optional<double> Speed;  // none: as fast as it goes
     bool Follow = false;          // print each buffer as it comes
-    bool Strict = false;          // stop at the first packet that no decoder will take
+    // Stop at the first packet that no decoder will take, and at the first message that contradicts a table.
+    bool Strict = false;
 };
 
 struct ReplaySummary {
@@ -23,6 +24,7 @@ struct ReplaySummary {
     uint64_t Batches = 0;
     uint64_t StepsBack = 0;        // records earlier than the one before
     uint64_t PacketsUnmarked = 0;  // behind the last batch mark
+    uint64_t Warnings = 0;         // of messages that contradicted a table
     double Seconds = 0;
     PacketTally Tally;
 };

@@ -73,6 +73,15 @@ std::string SummaryText(const ReplaySummary& summary, const Terminal& terminal) 
     text += Figure("subscriptions", SubscriptionsText(terminal.Subscriptions()));
     text += Figure("seconds", Formatted("%.3f", summary.Seconds));
     text += Figure("packets/s", Formatted("%.0f", perSecond));
+    for (const auto& screen : terminal.Screens()) {
+        if (screen->ListChanges > 0) {
+            text +=
+                "  " + screen->Title + " was told of " + Counted(screen->ListChanges, "list change") + "\n";
+        }
+    }
+    if (summary.Warnings > 0) {
+        text += "  " + Counted(summary.Warnings, "warning") + " of messages that contradict their table\n";
+    }
     for (const std::string& line : summary.Tally.Report()) {
         text += "  " + line + "\n";
     }
@@ -95,7 +104,7 @@ std::string LayoutsPage() {
         "behind its last field.\n";
     for (const ScreenKind* kind : ScreenKinds()) {
         text += std::string("\n## ") + kind->Map + "\n";
-        AddTable(text, kind->MakeInit("1ASII", {}).Table());
+        AddTable(text, kind->MakeInit(kind->SampleKey, {}).Table());
         for (const LayoutTable& table : kind->Display()) {
             AddTable(text, table);
         }

@@ -12,19 +12,22 @@ namespace tools {
 namespace {
 
 // Who the terminal's user is, as far as the module asks.
-void SetServices() {
+void SetServices(const TerminalOptions& options) {
     tickhost_set_text("UserGrade", "100");
     tickhost_set_text("MenuGrade", "100");
     tickhost_set_text("HashUserID", "replay");
-    tickhost_set_text("UserID", "replay");
+    tickhost_set_text("UserID", options.User.c_str());
     tickhost_set_text("BaseUserID", "replay");
+    if (!options.DriveC.empty()) {
+        tickhost_set_text("DriveC", options.DriveC.c_str());
+    }
 }
 
 }  // namespace
 
-Terminal::Terminal(const std::string& modulePath) {
-    SetServices();
-    m_Module = std::make_unique<Module>(modulePath);
+Terminal::Terminal(const TerminalOptions& options) {
+    SetServices(options);
+    m_Module = std::make_unique<Module>(options.ModulePath);
     std::string mutexName = "replay" + std::to_string(getpid());
     m_Module->SetMutexNameToDecoder(mutexName.data());
     m_hManager = tickhost_create_window(OnManagerMessage, this);
@@ -71,8 +74,10 @@ intptr_t Terminal::OnScreenMessage(void* context, HWND /*window*/, uint32_t mess
     const auto& [owner, target] = *static_cast<WindowContext*>(context);
     char* data = nullptr;
     int length = 0;
-    if (message == WM_TICKMUX_VIEW &&
-        tickhost_take_view_item(reinterpret_cast<void*>(wParam), &data, &length) != 0) {
+    if (message == WM_TICKMUX_LIST) {
+        ++target->ListChanges;
+    } else if (message == WM_TICKMUX_VIEW &&
+               tickhost_take_view_item(reinterpret_cast<void*>(wParam), &data, &length) != 0) {
         ++target->Messages;
         owner->m_Arrivals.push_back({target, std::unique_ptr<char, ViewDataDeleter>(data),
                                      sizeof(RequestTag) + static_cast<std::size_t>(length)});

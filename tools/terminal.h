@@ -28,6 +28,7 @@ struct OpenScreen {
     tickmux_handle Handle = 0;
     uint64_t Messages = 0;
     uint64_t Rows = 0;
+    uint64_t ListChanges = 0;  // of which the module told, without data
 };
 
 // A buffer that came for a screen.
@@ -45,9 +46,15 @@ struct SubscriptionCounts {
     uint64_t Cancelled = 0;
 };
 
+struct TerminalOptions {
+    std::string ModulePath;
+    std::string User;
+    std::string DriveC;  // the folder that stands for drive C; empty: the host's own choice
+};
+
 class Terminal {
 public:
-    explicit Terminal(const std::string& modulePath);
+    explicit Terminal(const TerminalOptions& options);
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
     ~Terminal() { Close(); }
@@ -56,7 +63,10 @@ public:
     void Open(const ScreenKind& kind, std::string title, InitText init, std::size_t rows);
 
     void Put(const CaptureRecord& packet) { m_Module->PutRTMPacketToDecoder(packet.Bytes, packet.Length); }
-    void EndBatch() { m_Module->EndRTMUnpackToDecoder(); }
+    void EndBatch() {
+        m_Module->EndRTMUnpackToDecoder();
+        tickhost_pump_messages();
+    }
 
     // The buffers that came since they were last cleared, in order.
     std::vector<Arrival>& Arrivals() { return m_Arrivals; }

@@ -8,6 +8,7 @@
 #include "tools/pace.h"
 #include "tools/replay.h"
 #include "tools/report.h"
+#include "tools/screens/candles.h"
 #include "tools/text.h"
 #include "tools/workspace.h"
 
@@ -25,11 +26,16 @@ constexpr char kHelp[] =
     "  --rows N             newest rows of a list in its last image (default 10)\n"
     "  --speed X            0.1 to 1000 times real time (default: as fast as it goes)\n"
     "  --utc-offset +HH:MM  the exchange's clock against the capture's times (default +00:00)\n"
-    "  --strict             stop at the first packet of unknown type or wrong length\n"
+    "  --strict             stop at the first packet of unknown type or wrong length, and at the first "
+    "message\n"
+    "                       that contradicts its table; without it such a message gives a warning\n"
+    "  --user ID            who is logged in (default TRADER01, the user of feedgen's orders)\n"
+    "  --drive-c DIR        the folder that stands for drive C, where the module logs\n"
     "  --module PATH        the module (default: ../lib/libtickmux.so beside this program)\n"
     "  --layouts            print all Init texts and display buffers as Markdown, and do nothing else\n"
     "  --help               print this\n"
     "\n"
+    "The last image of a chart draws its candles, one a column: o rising, # falling, - unchanged.\n"
     "A line of WORKSPACE is MAP KEY [Field=value ...], such as: RSTICK11_R 1ASII Date=20261120\n"
     "A capture is a pcap file of link type USER0; feedgen writes one.\n"
     "Exit status: 0 done, 1 failed, 2 bad input.\n";
@@ -38,7 +44,7 @@ struct Arguments {
     ReplayOptions Replay;
     UtcOffset Offset{0};
     std::size_t Rows = 10;
-    std::string Module;
+    TerminalOptions Terminal{Module::DefaultPath(), "TRADER01", ""};
     std::string Workspace;
     std::string Capture;
     std::string Print;  // a text that is all that was asked for
@@ -51,6 +57,8 @@ Arguments ReadArguments(int argc, char** argv) {
                                      {"speed", required_argument, nullptr, 's'},
                                      {"utc-offset", required_argument, nullptr, 'u'},
                                      {"strict", no_argument, nullptr, 't'},
+                                     {"user", required_argument, nullptr, 'i'},
+                                     {"drive-c", required_argument, nullptr, 'c'},
                                      {"module", required_argument, nullptr, 'm'},
                                      {"layouts", no_argument, nullptr, 'l'},
                                      {"help", no_argument, nullptr, 'h'},
@@ -73,14 +81,21 @@ Arguments ReadArguments(int argc, char** argv) {
             case 't':
                 arguments.Replay.Strict = true;
                 break;
+            case 'i':
+                arguments.Terminal.User = value;
+                break;
+            case 'c':
+                arguments.Terminal.DriveC = FolderOption("drive-c", value);
+                break;
             case 'm':
-                arguments.Module = value;
+                arguments.Terminal.ModulePath = value;
                 break;
             case 'l':
                 arguments.Print = LayoutsPage();
                 break;
             default:
-                arguments.Print = kHelp;
+                arguments.Print =
+                    std::string(kHelp) + "Periods of a chart, C by default:\n  " + kPeriodWords + "\n";
         }
     });
     if (arguments.Print.empty()) {
@@ -114,6 +129,7 @@ std::vector<ScreenToOpen> ScreensOf(const std::vector<WorkspaceLine>& workspace,
             for (const auto& [name, value] : line.Fields) {
                 init.Set(name, value);
             }
+            kind.Complete(init);
             screens.push_back({&kind, line.Map + " " + Printable(line.Key), line.Place, std::move(init)});
         } catch (const BadInput& bad) {
             throw BadInput(line.Place + ": " + bad.what());
@@ -154,7 +170,7 @@ int Run(int argc, char** argv) {
     const std::vector<ScreenToOpen> screens = ScreensOf(workspace, {DateText(start + arguments.Offset)});
 
     ModuleClocks clocks(start, arguments.Offset);
-    Terminal terminal(arguments.Module.empty() ? Module::DefaultPath() : arguments.Module);
+    Terminal terminal(arguments.Terminal);
     OpenScreens(terminal, screens, arguments.Rows);
     const ReplaySummary summary = Replay(capture, first, clocks, terminal, arguments.Replay);
     Print(ImagesText(terminal));

@@ -54,20 +54,23 @@ protected:
 
 TEST_F(BadInputTest, CommandLines) {
     const std::string output = "--output " + Folder.Path("x.pcap") + " ";
-    ExpectLines("tickreplay", {{"one", "expected WORKSPACE and CAPTURE, got 1 argument; see --help"},
-                               {"--nix a b", "option \"--nix\" is not known here; see --help"},
-                               {"-n a b", "option \"-n\" is not known here; see --help"},
-                               {"a b --rows", "option --rows needs a value; see --help"},
-                               {"--rows 1x a b", "--rows \"1x\" is no number from 0 to 1000000"},
-                               {"--speed 0.05 a b", "--speed \"0.05\" is no number from 0.1 to 1000"},
-                               {"--speed nan a b", "--speed \"nan\" is no number from 0.1 to 1000"},
-                               {"--utc-offset 7 a b", "--utc-offset \"7\" is none; give +HH:MM or -HH:MM"}});
+    ExpectLines("tickreplay",
+                {{"one", "expected WORKSPACE and CAPTURE, got 1 argument; see --help"},
+                 {"--nix a b", "option \"--nix\" is not known here; see --help"},
+                 {"-n a b", "option \"-n\" is not known here; see --help"},
+                 {"a b --rows", "option --rows needs a value; see --help"},
+                 {"--rows 1x a b", "--rows \"1x\" is no number from 0 to 1000000"},
+                 {"--speed 0.05 a b", "--speed \"0.05\" is no number from 0.1 to 1000"},
+                 {"--speed nan a b", "--speed \"nan\" is no number from 0.1 to 1000"},
+                 {"--drive-c /nowhere a b", "--drive-c \"/nowhere\" is no folder; make it first"},
+                 {"--utc-offset 7 a b", "--utc-offset \"7\" is none; give +HH:MM or -HH:MM"}});
     ExpectLines("feedgen",
                 {{"", "no --output; name a file, or - for standard output"},
                  {output + "more", "argument \"more\" is not known here; see --help"},
                  {output + "--date 20260230",
                   "--date \"20260230\" is no day; give YYYYMMDD from 19710101 to 20991231"},
                  {output + "--minutes 421", "--minutes \"421\" is no number from 1 to 420"},
+                 {output + "--late-bars 101", "--late-bars \"101\" is no number from 0 to 100"},
                  {"--output /nowhere/x", "/nowhere/x: No such file or directory; choose another --output"},
                  {"--output /dev/full",
                   "/dev/full: No space left on device while writing; make room or choose another "
@@ -110,7 +113,8 @@ TEST_F(BadInputTest, WorkspaceLines) {
     } cases[] = {
         {"# nothing\n", ": names no screen; add a line such as RSTICK11_R 1ASII"},
         {"RSTICK11_R 1ASII\n\nRSTICK12_R 1ASII\n",
-         ":3: unknown map \"RSTICK12_R\"; known: RSETFNAV_R, RSTICK11_R"},
+         ":3: unknown map \"RSTICK12_R\"; known: RICAND11_R, RSCAND11_R, RSETFNAV_R, "
+         "RSNOCH21_R, RSORDE21_R, RSORDE22_R, RSTICK11_R"},
         {"RSTICK11_R # key\n", ":1: no key behind \"RSTICK11_R\"; write MAP KEY [Field=value ...]"},
         {"RSTICK11_R 1ASII Date\n",
          ":1: \"Date\" is not of the form Field=value; write MAP KEY [Field=value ...]"},
@@ -118,6 +122,17 @@ TEST_F(BadInputTest, WorkspaceLines) {
         {"RSTICK11_R ASII\n",
          ":1: key \"ASII\" is no stock; give a board char 1 to 4 and a code of up to 10 characters, such as "
          "1ASII"},
+        {"RSORDE21_R ACC0012\n",
+         ":1: key \"ACC0012\" is no user field; give 1 to 6 characters, such as ACC001"},
+        {"RICAND11_R COMPX\n",
+         ":1: key \"COMPX\" is no index; give a code of up to 4 characters, such as COMP"},
+        {"RSCAND11_R 1ASII Period=D\n",
+         ":1: period \"D\" is none; give one of A (ticks), B (30 seconds), C (1 minute), E (3), G (5), H "
+         "(10), I "
+         "(15), "
+         "J (30), K (60), L (day)"},
+        {"RSCAND11_R 1ASII Date=20261121\n",
+         ":1: the module refuses the Init text of RSCAND11_R 1ASII; check the fields' values"},
         {"RSETFNAV_R 1FUND01 Base=1\n",
          ":1: unknown field \"Base\"; known: Tag, Key.Board, Key.Code, BaseValue, FirstValue, SecondValue"},
         {"RSTICK11_R 1ASII Price=1\n",

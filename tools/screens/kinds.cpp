@@ -4,11 +4,18 @@
 
 namespace tools {
 
+extern const ScreenKind kFilteredOrders;
 extern const ScreenKind kFundValues;
+extern const ScreenKind kIndexCandles;
+extern const ScreenKind kOpenOrders;
+extern const ScreenKind kOrderList;
+extern const ScreenKind kStockCandles;
 extern const ScreenKind kTickList;
 
 const std::vector<const ScreenKind*>& ScreenKinds() {
-    static const std::vector<const ScreenKind*> kinds = {&kFundValues, &kTickList};
+    static const std::vector<const ScreenKind*> kinds = {&kIndexCandles, &kStockCandles, &kFundValues,
+                                                         &kOpenOrders,   &kOrderList,    &kFilteredOrders,
+                                                         &kTickList};
     return kinds;
 }
 

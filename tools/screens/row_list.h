@@ -2,6 +2,7 @@
 #ifndef TICKMUX_TOOLS_SCREENS_ROW_LIST_H
 #define TICKMUX_TOOLS_SCREENS_ROW_LIST_H
 
+#include <algorithm>
 #include <string>
 
 #include "tools/screens/screen.h"
@@ -18,23 +19,27 @@ std::vector<LayoutTable> HeadedRowsTables() {
 
 class RowList : public Screen {
 public:
-    // `tables` as HeadedRowsTables gives them; the image shows the newest `limit` rows.
-    RowList(const std::vector<LayoutTable>& tables, std::size_t limit)
-        : m_Front(tables[0]), m_Row(tables[1]), m_nLimit(limit) {}
+    // `tables` as HeadedRowsTables gives them; the image shows the newest `limit` rows. So many are kept, or
+    // `kept` if that is more.
+    RowList(const std::vector<LayoutTable>& tables, std::size_t limit, std::size_t kept = 0)
+        : m_Front(tables[0]), m_Row(tables[1]), m_nLimit(limit), m_nKept(std::max(limit, kept)) {}
 
     std::size_t Take(std::string_view buffer) override;
     std::string Show(std::string_view buffer) const override;
     std::string Image() const override;
 
-private:
-    // The bytes of whole rows as an aligned table under the fields' names.
-    std::string RowTable(std::string_view rows) const;
+    // The bytes of the newest rows, oldest first; fewer if so many are not there.
+    std::string_view Newest(std::size_t rows) const;
+    // The newest row gives way to the one that comes next.
+    void DropNewest();
 
+private:
     const LayoutTable m_Front;
     const LayoutTable m_Row;
     const std::size_t m_nLimit;
+    const std::size_t m_nKept;
     std::string m_LatestFront;
-    std::string m_Newest;  // rows, oldest first; now and then cut down to the limit
+    std::string m_Newest;  // rows, oldest first; now and then cut down to those that are kept
 };
 
 }  // namespace tools

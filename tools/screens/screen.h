@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tools/fields.h"
@@ -27,6 +28,16 @@ public:
     // Text of a buffer that has been taken, and of the screen as it stands: lines, indented.
     virtual std::string Show(std::string_view buffer) const = 0;
     virtual std::string Image() const = 0;
+
+    // Where buffers contradicted what the screen had, since the last call; it has gone on as well as it
+    // could.
+    std::vector<std::string> TakeFaults() { return std::exchange(m_Faults, {}); }
+
+protected:
+    void Fault(std::string text) { m_Faults.push_back(std::move(text)); }
+
+private:
+    std::vector<std::string> m_Faults;
 };
 
 // What an Init text says unless the workspace says otherwise.
@@ -42,6 +53,10 @@ struct ScreenKind {
     std::vector<LayoutTable> (*Display)();
     // `rows` is how many rows a list keeps for its image.
     std::unique_ptr<Screen> (*Open)(std::size_t rows);
+    // One for the page of layouts.
+    const char* SampleKey = "1ASII";
+    // Brings the text into its last form when its fields are set. BadInput for what the module would refuse.
+    void (*Complete)(InitText& text) = [](InitText& /*text*/) {};
 };
 
 // The kinds in order of their maps.

@@ -1,0 +1,197 @@
+// Do the order notices of a generated session tell lives that orders could have had?
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+#include <string>
+
+#include "framework/packets.h"
+#include "tests/tools/tool_runs.h"
+#include "tools/capture.h"
+#include "tools/market.h"
+
+namespace {
+
+template <std::size_t N>
+std::string Text(const char (&field)[N]) {
+    return {field, N};
+}
+
+// Follows every notice of a capture with a book of its own.
+class LifeAudit {
+public:
+    void Check(const OrderPacket& notice) {
+        const std::string bytes(reinterpret_cast<const char*>(&notice), sizeof(notice));
+        if (bytes == m_Last) {
+            ++Seen["repeated"];
+            return;
+        }
+        m_Last = bytes;
+        const int number = std::stoi(Text(notice.OrderNo));
+        SCOPED_TRACE(number);
+        const bool scaled = notice.BoardName[0] == 'R' || notice.BoardName[0] == 'T';
+        const int64_t quantity = std::stoll(Text(notice.Quantity)) / (scaled ? 100 : 1);
+        const std::string event{notice.NoticeKind, notice.OrderState, notice.ResultFlag};
+        const std::string terms = Text(notice.UserId) + Text(notice.UserField) + Text(notice.Code) +
+                                  notice.Side + Text(notice.ChannelCode) + Text(notice.BoardName) +
+                                  Text(notice.LotSize);
+        if (event == "100") {
+            EXPECT_EQ(number, ++m_nNumber);
+            EXPECT_EQ(notice.OrderNo[0], '0');
+            m_Orders[number] = {terms, quantity, quantity, std::stoi(Text(notice.ParentOrderNo)),
+                                notice.OrderAction};
+        }
+        Order& order = m_Orders[number];
+        EXPECT_EQ(order.Terms, terms);
+        EXPECT_GE(quantity, 1);
+        EXPECT_FALSE(order.Ended) << event;
+        CheckPrice(notice);
+        ++Seen[event + (event == "220" || event == "100" ? std::string(1, notice.OrderAction) : "")];
+        Seen[Text(notice.BoardName)] = Seen["channel " + Text(notice.ChannelCode)] = 1;
+        Users.insert(Text(notice.UserId) + Text(notice.UserField));
+        Apply(order, event, notice.OrderAction, quantity);
+    }
+
+    // Acceptances that were overtaken have come as well.
+    void CheckEnd() const {
+        int missing = 0;
+        for (const auto& [number, order] : m_Orders) {
+            missing += order.Filled && !order.Accepted ? 1 : 0;
+        }
+        EXPECT_LE(missing, 1);
+    }
+
+    std::map<std::string, int> Seen;
+    std::set<std::string> Users;
+
+private:
+    struct Order {
+        std::string Terms;
+        int64_t Quantity;
+        int64_t Open;
+        int Parent;
+        char Action;
+        bool Accepted = false;
+        bool Confirmed = false;
+        bool Filled = false;
+        bool Ended = false;  // but for an acceptance that is behind
+    };
+
+    void Apply(Order& order, const std::string& event, char action, int64_t quantity) {
+        if (event == "100") {
+            return;
+        }
+        if (event == "200") {
+            EXPECT_FALSE(order.Accepted);
+            order.Accepted = true;
+            TakeFromParent(order);
+        } else if (event == "210") {
+            EXPECT_TRUE(order.Action == '1' || order.Confirmed);
+            Seen["fill first"] += order.Accepted ? 0 : 1;
+            order.Filled = true;
+            order.Open -= quantity;
+            Seen[order.Open == 0 ? "whole" : "part"] = 1;
+        } else if (event == "220" && action != '4') {
+            EXPECT_EQ(action, order.Action);
+            EXPECT_FALSE(order.Confirmed);
+            Seen["confirmed first"] += order.Accepted ? 0 : 1;
+            order.Confirmed = true;
+            TakeFromParent(order);
+            order.Open -= action == '3' ? quantity : 0;
+        } else if (event == "220") {
+            EXPECT_EQ(quantity, order.Open);
+            order.Open = 0;
+        } else {
+            EXPECT_TRUE(event == "201" || event == "221") << event;
+            EXPECT_FALSE(order.Accepted || order.Filled || order.Confirmed);
+            order.Open = 0;
+        }
+        EXPECT_GE(order.Open, 0);
+        order.Ended = order.Open == 0 && (order.Accepted || event.back() == '1');
+    }
+
+    // At the acceptance, or at the confirmation that comes before it.
+    void TakeFromParent(Order& order) {
+        if (order.Parent != 0 && order.Accepted != order.Confirmed) {
+            Order& parent = m_Orders.at(order.Parent);
+            EXPECT_EQ(parent.Terms, order.Terms);
+            parent.Open -= order.Quantity;
+            EXPECT_GE(parent.Open, 0);
+            parent.Ended = parent.Open == 0 && parent.Accepted;
+        }
+    }
+
+    static void CheckPrice(const OrderPacket& notice) {
+        const int price = std::stoi(Text(notice.Price));
+        EXPECT_GT(price, 0);
+        EXPECT_EQ(price % tools::TickSize(price), 0);
+    }
+
+    std::map<int, Order> m_Orders;
+    int m_nNumber = 0;
+    std::string m_Last;
+};
+
+TEST(OrderFeed, TellsConsistentLives) {
+    const ScratchFolder folder;
+    const std::string path = folder.Path("orders.pcap");
+    ASSERT_EQ(RunTool("feedgen", "--packets 40000 --orders 50 --output " + path).Status, 0);
+    tools::CaptureReader capture(path);
+    tools::CaptureRecord record;
+    LifeAudit audit;
+    int notices = 0;
+    while (capture.Next(record) && !HasFailure()) {
+        if (record.Length > 0 && record.Bytes[0] == OrderPacket::kType) {
+            ASSERT_EQ(record.Length, 1 + static_cast<int>(sizeof(OrderPacket)));
+            audit.Check(*reinterpret_cast<const OrderPacket*>(record.Bytes + 1));
+            ++notices;
+        }
+    }
+    audit.CheckEnd();
+    EXPECT_NEAR(notices, 20000, 600);
+    EXPECT_EQ(audit.Users.size(), 4U);
+    for (const char* kind : {"repeated",
+                             "1001",
+                             "1002",
+                             "1003",
+                             "200",
+                             "210",
+                             "2202",
+                             "2203",
+                             "2204",
+                             "201",
+                             "221",
+                             "fill first",
+                             "confirmed first",
+                             "whole",
+                             "part",
+                             "RG   ",
+                             "TN   ",
+                             "NG   ",
+                             "ADV  ",
+                             "channel M2",
+                             "channel X7"}) {
+        EXPECT_GT(audit.Seen[kind], 0) << kind;
+    }
+}
+
+// The market's packets are the same whatever the share of notices is.
+TEST(OrderFeed, OrdersLeaveTheMarketAsItIs) {
+    const ScratchFolder folder;
+    const auto trades = [&folder](const std::string& options) {
+        const std::string path = folder.Path("market.pcap");
+        EXPECT_EQ(RunTool("feedgen", "--minutes 2 --output " + path + options).Status, 0);
+        tools::CaptureReader capture(path);
+        tools::CaptureRecord record;
+        std::string bytes;
+        while (capture.Next(record)) {
+            if (record.Length > 0 && record.Bytes[0] != OrderPacket::kType) {
+                bytes.append(record.Bytes, static_cast<std::size_t>(record.Length));
+            }
+        }
+        return bytes;
+    };
+    EXPECT_EQ(trades(" --orders 0"), trades(" --orders 100"));
+}
+
+}  // namespace

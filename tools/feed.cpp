@@ -1,0 +1,95 @@
+#include "tools/feed.h"
+
+#include <algorithm>
+
+#include "tools/order_packets.h"
+
+namespace tools {
+
+namespace {
+
+// What comes within this time goes into one batch.
+constexpr std::chrono::milliseconds kGather(50);
+
+// Dice of their own leave the market's as they fall without orders.
+constexpr uint64_t kOrderDice = 0x0D1CE;
+constexpr uint64_t kOrderFlow = 0x0F10A;
+
+}  // namespace
+
+Feed::Feed(const FeedOptions& options, CaptureWriter& capture)
+    : m_Capture(capture),
+      m_Offset(options.Offset),
+      m_nOrders(options.Orders),
+      m_Market(options.Seed, options.Stocks, options.Funds),
+      m_Derived(m_Market, options.Seed, options.Bars),
+      m_OrderDice(options.Seed + kOrderDice),
+      m_Orders(m_Market, options.Seed + kOrderFlow),
+      m_Session(options.Day, options.Minutes, options.Packets) {}
+
+bool Feed::WriteBatch() {
+    if (!m_Session.NextBatch(m_Market.Dice())) {
+        WriteQuietBatches(Timestamp::max());
+        return false;
+    }
+    WriteQuietBatches(m_Session.PacketTime(0) - kGather);
+    for (int number = 0; number < m_Session.BatchSize(); ++number) {
+        WriteDue(m_Session.PacketTime(number));
+        WriteMarketPacket(m_Session.PacketTime(number));
+        WriteOrderNotice(m_Session.PacketTime(number));
+    }
+    WriteDue(m_Session.BatchEnd());
+    m_Capture.BatchEnd(m_Session.BatchEnd() - m_Offset);
+    return true;
+}
+
+// Batches without a packet of the market.
+void Feed::WriteQuietBatches(Timestamp until) {
+    constexpr int kMostPackets = 20;
+    m_Derived.Advance(until);
+    while (m_Derived.IsDue(until)) {
+        const Timestamp end = std::min(until, m_Derived.Waiting().begin()->first + kGather);
+        Timestamp last;
+        for (int number = 0; number < kMostPackets && m_Derived.IsDue(end); ++number) {
+            last = WriteNextDerived();
+        }
+        m_Capture.BatchEnd(last - m_Offset);
+    }
+}
+
+void Feed::WriteDue(Timestamp now) {
+    m_Derived.Advance(now);
+    while (m_Derived.IsDue(now)) {
+        WriteNextDerived();
+    }
+}
+
+Timestamp Feed::WriteNextDerived() {
+    const auto next = m_Derived.Waiting().extract(m_Derived.Waiting().begin());
+    m_Capture.Packet(next.key() - m_Offset, next.mapped().data(), next.mapped().size());
+    return next.key();
+}
+
+void Feed::WriteMarketPacket(Timestamp local) {
+    constexpr int kPercentFunds = 5;
+    constexpr int kPercentClosing = 10;
+    if (!m_Market.Funds().empty() && m_Market.Dice().Chance(kPercentFunds)) {
+        const bool close = m_Market.Dice().Chance(kPercentClosing);
+        Write(local, MakeNav(m_Market.NextFund(close), close));
+    } else {
+        const Deal deal = m_Market.NextDeal();
+        Write(local, MakeTrade(deal, local));
+        m_Derived.Take(deal, local);
+    }
+}
+
+// A market packet may bring one more: what a trader or the exchange does at that moment.
+void Feed::WriteOrderNotice(Timestamp local) {
+    if (m_OrderDice.Chance(m_nOrders)) {
+        if (const std::optional<OrderNotice> notice = m_Orders.Next(local)) {
+            Write(local, MakeOrder(*notice));
+        }
+    }
+}
+
+}  // namespace tools

@@ -1,0 +1,60 @@
+// A trading session on its way into a capture: the market's packets, and among them what follows from its
+// trades. No record comes before an earlier one.
+#ifndef TICKMUX_TOOLS_FEED_H
+#define TICKMUX_TOOLS_FEED_H
+
+#include "tools/capture.h"
+#include "tools/derived_feed.h"
+#include "tools/emitters.h"
+#include "tools/market.h"
+#include "tools/orders.h"
+#include "tools/session.h"
+
+namespace tools {
+
+struct FeedOptions {
+    uint64_t Seed = 1;
+    Timestamp Day = ParseDate("20261120");
+    int Minutes = kSessionMinutes;
+    int64_t Packets = 0;  // trades and fund values; the rest comes on top
+    int Stocks = 20;
+    int Funds = 2;
+    int Orders = 3;  // order notices, per cent of Packets
+    BarFaults Bars;
+    UtcOffset Offset{0};  // the exchange's clock against the capture's times
+};
+
+class Feed {
+public:
+    Feed(const FeedOptions& options, CaptureWriter& capture);
+
+    // The market's next batch, and what comes before it. False at the session's end, when all is written.
+    bool WriteBatch();
+
+    // Of the options' number.
+    int64_t PacketsLeft() const { return m_Session.PacketsLeft(); }
+
+private:
+    void WriteQuietBatches(Timestamp until);
+    void WriteDue(Timestamp now);
+    Timestamp WriteNextDerived();
+    void WriteMarketPacket(Timestamp local);
+    void WriteOrderNotice(Timestamp local);
+    template <class Packet>
+    void Write(Timestamp local, const WholePacket<Packet>& packet) {
+        m_Capture.Packet(local - m_Offset, &packet, sizeof(packet));
+    }
+
+    CaptureWriter& m_Capture;
+    const UtcOffset m_Offset;
+    const int m_nOrders;
+    Market m_Market;
+    DerivedFeed m_Derived;
+    Random m_OrderDice;
+    OrderFlow m_Orders;
+    Session m_Session;
+};
+
+}  // namespace tools
+
+#endif

@@ -1,0 +1,85 @@
+// The three lists of a user's orders: open ones, all, and those of a filter.
+#include "layouts/RSNOCH21.h"
+#include "layouts/RSORDE21.h"
+#include "layouts/RSORDE22.h"
+#include "tools/errors.h"
+#include "tools/screens/order_table.h"
+#include "tools/text.h"
+
+namespace tools {
+
+namespace {
+
+constexpr std::size_t kUserField = sizeof(OrderListInit::UserField);
+
+// An inquiry that found no rows.
+void PutNoRows(RepeatHead& repeat) {
+    PutRight(repeat.Count, "0");
+    PutRight(repeat.Size, std::to_string(sizeof(OrderRow)));
+}
+
+void CheckKey(std::string_view key, std::size_t width) {
+    if (key.empty() || key.size() > width || key.find('\0') != std::string_view::npos) {
+        throw BadInput("key " + Quoted(key) + " is no user field; give 1 to " + std::to_string(width) +
+                       " characters, such as ACC001");
+    }
+}
+
+template <class Init>
+InitText TextOf(const Init& init) {
+    InitText text;
+    text.Append("", init);
+    return text;
+}
+
+// The key's last byte is compared with the first digit of an order number. Numbers have leading zeros.
+InitText MakeOpenOrders(std::string_view key, const InitDefaults& /*defaults*/) {
+    OpenOrdersInit init;
+    CheckKey(key, sizeof(init.UserField));
+    FillBlank(init);
+    PutLeft(init.UserField, key);
+    if (key.size() <= kUserField) {
+        init.UserField[kUserField] = '0';
+    }
+    PutNoRows(init.Repeat);
+    return TextOf(init);
+}
+
+InitText MakeOrderList(std::string_view key, const InitDefaults& /*defaults*/) {
+    OrderListInit init;
+    CheckKey(key, sizeof(init.UserField));
+    FillBlank(init);
+    PutLeft(init.UserField, key);
+    PutNoRows(init.Repeat);
+    return TextOf(init);
+}
+
+// All orders pass unless the workspace says otherwise.
+InitText MakeFilteredOrders(std::string_view key, const InitDefaults& /*defaults*/) {
+    FilteredOrdersInit init;
+    CheckKey(key, sizeof(init.UserField));
+    FillBlank(init);
+    PutLeft(init.UserField, key);
+    init.StatusFilter = '0';
+    init.SideFilter = '2';
+    PutNoRows(init.Repeat);
+    return TextOf(init);
+}
+
+template <BlankTail kTail>
+std::unique_ptr<Screen> Open(std::size_t rows) {
+    return std::make_unique<OrderTable>(rows, kTail);
+}
+
+constexpr char kSampleKey[] = "ACC001";
+
+}  // namespace
+
+extern const ScreenKind kOpenOrders = {"RSNOCH21_R", MakeOpenOrders, OrderTables, Open<BlankTail::No>,
+                                       kSampleKey};
+extern const ScreenKind kOrderList = {"RSORDE21_R", MakeOrderList, OrderTables, Open<BlankTail::No>,
+                                      kSampleKey};
+extern const ScreenKind kFilteredOrders = {"RSORDE22_R", MakeFilteredOrders, OrderTables,
+                                           Open<BlankTail::Allowed>, kSampleKey};
+
+}  // namespace tools

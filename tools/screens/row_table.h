@@ -1,0 +1,21 @@
+// Rows behind a front, and how they read as an aligned table.
+#ifndef TICKMUX_TOOLS_SCREENS_ROW_TABLE_H
+#define TICKMUX_TOOLS_SCREENS_ROW_TABLE_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "tools/fields.h"
+
+namespace tools {
+
+// How many rows stand behind the front of a buffer. Failure for a buffer that ends within one.
+std::size_t RowsIn(const LayoutTable& front, const LayoutTable& row, std::string_view buffer);
+
+// The bytes of whole rows, one line each, under the fields' names. A column is as wide as its widest value.
+std::string RowTable(const LayoutTable& row, std::string_view rows);
+
+}  // namespace tools
+
+#endif
