@@ -54,7 +54,7 @@ constexpr ChannelRule kChannels[] = {
     {"03", 'D'}, {"21", 'A'}, {"T1", 'T'}, {"", 'H'},
 };
 
-// The branch's own users have a mark of their own on channel 03.
+// On channel 03 some users of one menu have a mark of their own.
 char ChannelMark(const OrderPacket& notice) {
     const std::string_view code(notice.ChannelCode, sizeof(notice.ChannelCode));
     if (code == "03" && *CQelData21::GetMenuGrade() == '1' && notice.UserId[0] == '3') {
@@ -406,15 +406,21 @@ void CRSORDE22::SendRows(char action) {
         Put(buffer.As<OrderMessage>().Repeat.Count, static_cast<int32_t>(place - first) + 1);
         PostToView(std::move(buffer));
     }
-    if (rule != nullptr && rule->KeepsShown && HasWindow()) {
-        PruneShown(*rule);
+    if (HasWindow()) {
+        PruneShown();
     }
 }
 
-// From the bottom, so that a deletion does not change the places of the rows still to come.
-void CRSORDE22::PruneShown(const StatusRule& rule) {
-    while (OrderEntry* entry = m_Rows.TakeTouched()) {
-        if (OrderRows::IsShown(entry) && !rule.HasWordOf(entry->Row)) {
+// From the bottom, so that a deletion does not change the places of the rows still to come. The filter is
+// asked for each time, since the window may have called back and set another.
+void CRSORDE22::PruneShown() {
+    for (const StatusRule* rule = FindStatusRule(); rule != nullptr && rule->KeepsShown;
+         rule = FindStatusRule()) {
+        OrderEntry* entry = m_Rows.TakeTouched();
+        if (entry == nullptr) {
+            return;
+        }
+        if (OrderRows::IsShown(entry) && !rule->HasWordOf(entry->Row)) {
             const int place = m_Rows.ShownAbove(entry);
             m_Rows.SetShown(entry, false);
             PostToView(MakeMessage(kDeleteRow, place, kChangedRows, 0));

@@ -39,7 +39,7 @@ private:
 
     const StatusRule* FindStatusRule() const;
     void SendRows(char action);
-    void PruneShown(const StatusRule& rule);
+    void PruneShown();
 
     FilteredOrdersInit m_Filter;  // its repeat head is not kept up
     RepeatFilter m_Repeats;

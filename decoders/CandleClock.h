@@ -45,18 +45,21 @@ inline constexpr char kMinutes = 'C';
 inline constexpr char kHours = 'K';
 inline constexpr char kDays = 'L';
 
+// clang-format off
 inline constexpr Period kPeriods[] = {
-    {kTickList, 0, 0, 0},         // no candle
-    {kHalfMinutes, 2, 30, 30},    //
-    {kMinutes, 4, 100, 60},       //
-    {'E', 4, 300, 3 * 60},        //
-    {'G', 4, 500, 5 * 60},        //
-    {'H', 4, 1000, 10 * 60},      //
-    {'I', 4, 1500, 15 * 60},      //
-    {'J', 4, 3000, 30 * 60},      //
-    {kHours, 4, 10000, 60 * 60},  // MMSS is 0000
-    {kDays, 0, 0, 0},             // one candle, the day's
+    {kTickList,    0, 1,     0},
+    {kHalfMinutes, 2, 30,    30},
+    {kMinutes,     4, 100,   60},
+    {'E',          4, 300,   3 * 60},
+    {'G',          4, 500,   5 * 60},
+    {'H',          4, 1000,  10 * 60},
+    {'I',          4, 1500,  15 * 60},
+    {'J',          4, 3000,  30 * 60},
+    {kHours,       4, 10000, 60 * 60},  // MMSS is 0000
+    {kDays,        0, 1,     0},        // one candle, the day's
 };
+// clang-format on
+inline constexpr Period kNoPeriod = {' ', 0, 1, 0};
 
 // Null: no such period.
 const Period* FindPeriod(char period);

@@ -71,6 +71,7 @@ protected:
     CandleDecoder(HWND hWnd, const PacketSlots& slots) : CRTMPacketDecoder(hWnd, slots) {
         ClearBlock();
         FillBlank(m_Front.Tag);
+        Reset();
     }
 
     bool Follows(const Key& key) const { return std::memcmp(m_Key, &key, sizeof(Key)) == 0; }
@@ -100,7 +101,8 @@ private:
     void SetSent(bool sent) { m_bMinuteRowSent = m_bTickRowSent = m_bNewBarSent = sent; }
 
     void Reset();
-    void TakeNewest(const Row& row);
+    static bool IsFinished(const Period& period, const CandleInit& init, const Row& row);
+    void TakeNewest(const Period& period, const DisplayHead& head, const Row& row);
     bool ThrottleIsOpen();
     void SendTradeRow();
     void PostRow(ViewBuffer buffer, char action, const ClockTime& time, const Column& column, Value close);
@@ -116,8 +118,8 @@ private:
     bool m_bRollPending = false;
     bool m_bMinuteRowSent = true;  // in the current bucket, as the next two
     bool m_bTickRowSent = true;
-    bool m_bNewBarSent = true;  // the row that opened the candle
-    const Period* m_pPeriod = nullptr;
+    bool m_bNewBarSent = true;             // the row that opened the candle
+    const Period* m_pPeriod = &kNoPeriod;  // of the last good inquiry
     int32_t m_nTotalVolume = 0;
     Value m_LiveClose = 0;  // 0: none yet, as the next
     Value m_NextClose = 0;
@@ -148,19 +150,35 @@ int CandleDecoder<Kind>::Init(const char* buffer) {
     Put(m_Date, init.Date);
     m_Front.Head = init.Head;
     Reset();
-    m_pPeriod = FindPeriod(PeriodChar());
-    if (m_pPeriod == nullptr) {
+    const Period* period = FindPeriod(init.Head.Period);
+    if (period == nullptr) {
         return 0;  // the key is taken already, the subscriptions have not moved
     }
+    m_pPeriod = period;
+    m_bRollPending = IsFinished(*period, init, newest[0]);
     m_Ticks.Clear();
     Request::Move(former, FollowedKey());
-    if (IsTickList()) {
+    // From here on by what was read: the communication manager may have called back.
+    if (period->Char == kTickList) {
         m_Front.Head.RowAction = kAppendRow;
         return 1;
     }
-    TakeNewest(newest[0]);
+    TakeNewest(*period, init.Head, newest[0]);
     m_dwLastTick = GetTickCount();
     return 1;
+}
+
+// True if the inquiry's candle is a whole one: the chart date lies behind its day, or it ends on a boundary.
+template <class Kind>
+bool CandleDecoder<Kind>::IsFinished(const Period& period, const CandleInit& init, const Row& row) {
+    switch (period.Char) {
+        case kTickList:
+            return false;
+        case kDays:
+            return std::memcmp(init.Date, row.Date, sizeof(init.Date)) > 0;
+        default:
+            return period.OnBoundary(TimeOf(row.Time));
+    }
 }
 
 template <class Kind>
@@ -175,42 +193,38 @@ void CandleDecoder<Kind>::Reset() {
 
 // Goes on from the newest candle of the inquiry; a row of spaces is none.
 template <class Kind>
-void CandleDecoder<Kind>::TakeNewest(const Row& row) {
+void CandleDecoder<Kind>::TakeNewest(const Period& period, const DisplayHead& head, const Row& row) {
     constexpr int32_t kLatestTime = 199899;
     const ClockTime time = TimeOf(row.Time);
     const int32_t number = ToLong(row.Time);
     const bool hasTime = number >= 1 && number <= kLatestTime;
 
-    m_nTotalVolume = ToLong(m_Front.Head.Quantity);
+    m_nTotalVolume = ToLong(head.Quantity);
     m_Minute.Open = m_Live.Open = ReadOr(row.Open, Kind::kNone);
     m_Minute.High = m_Live.High = ReadOr(row.High, Kind::kNone);
     m_Minute.Low = m_Live.Low = ReadOr(row.Low, Kind::kNoLow);
-    m_LiveClose = m_NextClose = Kind::Read(m_Front.Head.Price);
+    m_LiveClose = m_NextClose = Kind::Read(head.Price);
     if (hasTime) {
         m_Minute.Volume = m_Live.Volume = ToLong(row.Volume);
     }
 
-    if (PeriodChar() == kDays) {
-        // The chart date has no candle yet if it lies behind the row's.
-        m_bRollPending = std::memcmp(m_Date, row.Date, sizeof(m_Date)) > 0;
+    m_LastTrade = m_NextBoundary = kNoTime;
+    if (period.Char == kDays) {
         m_Minute.Volume = m_Live.Volume = m_Next.Volume = m_nTotalVolume;
-        m_LastTrade = m_NextBoundary = kNoTime;
     } else if (!hasTime) {
         m_bRollPending = true;
-        m_LastTrade = m_NextBoundary = kNoTime;
     } else {
         // From the start of the row's bucket; a row on a boundary is the last of a finished candle.
-        m_bRollPending = m_pPeriod->OnBoundary(time);
-        if (PeriodChar() == kHours) {
+        if (period.Char == kHours) {
             m_LastTrade = {{time.Text[0], time.Text[1], '0', '0', '0', '0'}};
         } else {
-            Put(m_LastTrade.Text, number - m_pPeriod->Remainder(time));
+            Put(m_LastTrade.Text, number - period.Remainder(time));
         }
-        m_NextBoundary = Later(m_LastTrade, m_pPeriod->StepSeconds);
+        m_NextBoundary = Later(m_LastTrade, period.StepSeconds);
     }
 
     if (m_bRollPending) {
-        // The inquiry's candle is finished and the next has not begun: the first row opens it.
+        // The next candle has not begun: the first row opens it.
         m_Minute = NoColumn(Kind::kNoLowAfterRoll);
         Rollover();
         SetSent(false);
@@ -267,8 +281,9 @@ int CandleDecoder<Kind>::AddBar(const ClockTime& time, const CandleBar<Value>& b
     }
 
     // A minute chart closes with every bar; in the longer periods a bar that closes never opens.
-    const bool everyBarCloses = PeriodChar() == kMinutes;
-    const bool closes = everyBarCloses || m_pPeriod->OnBoundary(time);
+    const Period& period = *m_pPeriod;
+    const bool everyBarCloses = period.Char == kMinutes;
+    const bool closes = everyBarCloses || period.OnBoundary(time);
     const bool opens = NothingSent() && (everyBarCloses || !closes);
     if (opens) {
         m_bNewBarSent = true;
@@ -287,7 +302,7 @@ int CandleDecoder<Kind>::AddBar(const ClockTime& time, const CandleBar<Value>& b
             Kind::BarClose(bar, m_LiveClose));
 
     if (closes) {
-        m_NextBoundary = Later(time, m_pPeriod->StepSeconds);
+        m_NextBoundary = Later(time, period.StepSeconds);
         SetSent(false);
         m_Minute = NoColumn(Kind::kNoLow);
         m_bRollPending = true;  // the live and the next column stay until then

@@ -42,7 +42,7 @@ const DecoderFactoryEntry* FindFactory(const char* mapName) {
 }  // namespace
 
 CRTMMapManager::CRTMMapManager() {
-    // The manager's own address names the type guard, so that each process has its own.
+    // The manager's own address names the type guard.
     constexpr int kHex = 16;
     std::to_chars(m_szTypeMutexName, m_szTypeMutexName + kMutexNameRoom - 1,
                   reinterpret_cast<uintptr_t>(this), kHex);
@@ -184,9 +184,12 @@ int CRTMMapManager::PutRTMPacket(const char* packet, int length) {
     if (packet == nullptr || length < 1 || *packet < kFirstPacketType || *packet > kLastPacketType) {
         return 1;
     }
-    // By index, since a window that is told of a row may open a screen, which makes a list longer.
+    // By index, since a window that is told of a row may open a screen, which makes the list longer. Whether
+    // somebody comes next is asked before the call: the last one stays the last for this packet.
     const PlainArray<CRTMPacketDecoder*>& list = m_TypeList[TypeIndex(*packet)];
-    for (std::size_t i = 0; i < list.Size(); ++i) {
+    bool more = !list.Empty();
+    for (std::size_t i = 0; more && i < list.Size(); ++i) {
+        more = i + 1 < list.Size();
         CRTMPacketDecoder* decoder = list[i];
         if (decoder->IsActive() != 0) {
             decoder->PutPacket(packet, length);

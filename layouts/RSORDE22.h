@@ -10,10 +10,10 @@
 struct FilteredOrdersInit {
     char GroupFilter[8];  // blank: all
     char UserField[6];
-    char CodeFilter[12];  // "All " or blank: all
+    char CodeFilter[12];  // "All ", "ALL " or blank: all
     char StatusFilter;    // '0' all rows, '1' open orders, '2' done, '3' withdrawn, '4' partly filled
     char SideFilter;      // '1' side 1, '0' side 2, '2' or blank: both
-    char BoardFilter[5];  // "All" or blank: all; "NG" also takes "ADV"
+    char BoardFilter[5];  // "All", "ALL" or blank: all; "NG" also takes "ADV"
     char Reserved[32];
     RepeatHead Repeat;  // only Count is read
 };
