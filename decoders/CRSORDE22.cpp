@@ -7,25 +7,7 @@
 #include <string_view>
 #include <utility>
 
-// The words that a status filter lets through, and what the view gets of them.
-struct CRSORDE22::StatusRule {
-    char Filter;
-    Word Words[3];    // an empty one is none
-    bool KeepsShown;  // what the view has passes as well, and is withdrawn when its word no longer does
-    bool Promotes;    // a row that comes to pass goes out as new
-
-    bool HasWordOf(const OrderRow& row) const {
-        return std::any_of(std::begin(Words), std::end(Words),
-                           [&row](const Word& word) { return word.Size() > 0 && HasWord(row.Status, word); });
-    }
-};
-
-const CRSORDE22::StatusRule CRSORDE22::kStatusRules[] = {
-    {'1', {kSending, kOpen, kPartial}, true, false},
-    {'2', {kDone, U"", U""}, false, true},
-    {'3', {U"Withdraw", U"", U""}, false, true},  // on its way too
-    {'4', {kPartial, U"", U""}, true, true},
-};
+#include "decoders/OrderFilters.h"
 
 namespace {
 
@@ -84,47 +66,6 @@ bool IsOneOf(const OrderRow& row, std::initializer_list<Word> words) {
                        [&row](const Word& word) { return IsWord(row.Status, word); });
 }
 
-// ------------------------------------------------------------------ filters on notices
-
-bool PassesCode(const FilteredOrdersInit& filter, const OrderPacket& notice) {
-    const std::string_view head(filter.CodeFilter, 4);
-    return head == "    " || head == "All " || head == "ALL " ||
-           std::memcmp(filter.CodeFilter, notice.Code, sizeof(notice.Code)) == 0;
-}
-
-bool PassesGroup(const FilteredOrdersInit& filter, const OrderPacket& notice) {
-    return std::string_view(filter.GroupFilter, 6) == "      " ||
-           std::memcmp(filter.GroupFilter, notice.GroupCode, sizeof(notice.GroupCode)) == 0;
-}
-
-// A notice without a board passes; "ADV" counts as "NG".
-bool PassesBoard(const FilteredOrdersInit& filter, const OrderPacket& notice) {
-    const std::string_view wanted(filter.BoardFilter, sizeof(filter.BoardFilter));
-    const std::string_view head = wanted.substr(0, 3);
-    if (head == "   " || head == "All" || head == "ALL") {
-        return true;
-    }
-    std::string_view board(notice.BoardName, sizeof(notice.BoardName));
-    board = board.substr(0, board.find('\0'));
-    board = board.substr(0, board.find_last_not_of(' ') + 1);
-    const std::size_t advertised = board.find("ADV");
-    if (advertised == std::string_view::npos) {
-        return wanted.starts_with(board);
-    }
-    const std::string_view before = board.substr(0, advertised);
-    const std::string_view behind = board.substr(advertised + 3);
-    return wanted.starts_with(before) && wanted.substr(before.size()).starts_with("NG") &&
-           wanted.substr(before.size() + 2).starts_with(behind);
-}
-
-// The filter's values are those of OrderRow::SideFlag.
-bool PassesSide(const FilteredOrdersInit& filter, const OrderPacket& notice) {
-    if (filter.SideFilter == ' ' || filter.SideFilter == '2') {
-        return true;
-    }
-    return notice.Side == '1' ? filter.SideFilter == '1' : notice.Side != '2' || filter.SideFilter == '0';
-}
-
 }  // namespace
 
 CRSORDE22::CRSORDE22(HWND hWnd) : OrderDecoder(hWnd, Takes<&CRSORDE22::OnOrderPacket>), m_Filter{} {}
@@ -162,8 +103,7 @@ int CRSORDE22::Init(const char* buffer) {
 int CRSORDE22::OnOrderPacket(const OrderPacket& notice) {
     if (m_Repeats.IsRepeated(notice) || !IsOurs(notice) ||
         std::strncmp(notice.UserField, m_Filter.UserField, sizeof(notice.UserField)) != 0 ||
-        !PassesCode(m_Filter, notice) || !PassesGroup(m_Filter, notice) || !PassesBoard(m_Filter, notice) ||
-        !PassesSide(m_Filter, notice) || !IsRecord(notice)) {
+        !PassesFilters(m_Filter, notice) || !IsRecord(notice)) {
         return 0;
     }
     const NoticeRoute* route = FindRoute(kRoutes, notice);
@@ -352,14 +292,6 @@ void CRSORDE22::Touch(OrderEntry& entry, RowMark mark) {
 
 // ------------------------------------------------------------------ the view
 
-// Null: the filter lets every row through.
-const CRSORDE22::StatusRule* CRSORDE22::FindStatusRule() const {
-    const auto* rule =
-        std::find_if(std::begin(kStatusRules), std::end(kStatusRules),
-                     [this](const StatusRule& known) { return known.Filter == m_Filter.StatusFilter; });
-    return rule == std::end(kStatusRules) ? nullptr : rule;
-}
-
 void CRSORDE22::EndUnpack() {
     if (m_bChanged != 0 && m_bStopped == 0) {
         m_bChanged = 0;
@@ -368,7 +300,7 @@ void CRSORDE22::EndUnpack() {
 }
 
 void CRSORDE22::SendRows(char action) {
-    const StatusRule* rule = FindStatusRule();
+    const StatusRule* rule = FindStatusRule(m_Filter.StatusFilter);
     RowMark wanted = RowMark::Changed;
     int count = 0;
     const PlainArray<OrderEntry*>& marked = m_Rows.SortMarked();
@@ -414,8 +346,8 @@ void CRSORDE22::SendRows(char action) {
 // From the bottom, so that a deletion does not change the places of the rows still to come. The filter is
 // asked for each time, since the window may have called back and set another.
 void CRSORDE22::PruneShown() {
-    for (const StatusRule* rule = FindStatusRule(); rule != nullptr && rule->KeepsShown;
-         rule = FindStatusRule()) {
+    for (const StatusRule* rule = FindStatusRule(m_Filter.StatusFilter); rule != nullptr && rule->KeepsShown;
+         rule = FindStatusRule(m_Filter.StatusFilter)) {
         OrderEntry* entry = m_Rows.TakeTouched();
         if (entry == nullptr) {
             return;

@@ -34,10 +34,6 @@ private:
     void SetStatus(OrderEntry& entry, const Word& word);
     void Touch(OrderEntry& entry, RowMark mark);
 
-    struct StatusRule;
-    static const StatusRule kStatusRules[];
-
-    const StatusRule* FindStatusRule() const;
     void SendRows(char action);
     void PruneShown();
 
