@@ -57,6 +57,30 @@ WholePacket<TradePacket> MakeTrade(const Deal& deal, Timestamp local) {
     return whole;
 }
 
+WholePacket<BookPacket> MakeBook(const Book& book) {
+    WholePacket<BookPacket> whole;
+    BookPacket& packet = whole.Payload;
+    FillBlank(packet);
+    packet.Key = KeyOf(book.Of->Code);
+    packet.BasePrice = book.Of->Base;
+    static_assert(sizeof(packet.Levels) == kBookLevels * sizeof(BookLevel));
+    const auto levelOf = [](const BookSide& side, std::size_t number) {
+        return number < side.Levels.size() ? side.Levels[number] : PriceLevel{0, 0};
+    };
+    for (std::size_t number = 0; number < kBookLevels; ++number) {
+        BookLevel& level = packet.Levels[number];
+        const PriceLevel below = levelOf(book.Below, number);
+        const PriceLevel above = levelOf(book.Above, number);
+        level.Side1Price = below.Price;
+        level.Side1Qty = below.Quantity;
+        level.Side2Price = above.Price;
+        level.Side2Qty = above.Quantity;
+    }
+    packet.Side1Total = book.Below.Total;
+    packet.Side2Total = book.Above.Total;
+    return whole;
+}
+
 WholePacket<NavPacket> MakeNav(const Fund& fund, bool close) {
     WholePacket<NavPacket> whole;
     NavPacket& nav = whole.Payload;

@@ -3,6 +3,7 @@
 #define TICKMUX_TOOLS_EMITTERS_H
 
 #include "framework/packets.h"
+#include "tools/books.h"
 #include "tools/indices.h"
 #include "tools/market.h"
 #include "tools/minute_bar.h"
@@ -20,6 +21,9 @@ static_assert(sizeof(WholePacket<TradePacket>) == 1 + sizeof(TradePacket));
 
 // `local` is the time on the exchange's clock.
 WholePacket<TradePacket> MakeTrade(const Deal& deal, Timestamp local);
+
+// A level without a price is 0.
+WholePacket<BookPacket> MakeBook(const Book& book);
 
 // With `close` both closing values, otherwise the indicative one.
 WholePacket<NavPacket> MakeNav(const Fund& fund, bool close);

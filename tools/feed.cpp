@@ -23,6 +23,7 @@ Feed::Feed(const FeedOptions& options, CaptureWriter& capture)
       m_nOrders(options.Orders),
       m_Market(options.Seed, options.Stocks, options.Funds),
       m_Derived(m_Market, options.Seed, options.Bars),
+      m_Books(m_Market.Stocks(), options.Seed, options.Books),
       m_OrderDice(options.Seed + kOrderDice),
       m_Orders(m_Market, options.Seed + kOrderFlow),
       m_Session(options.Day, options.Minutes, options.Packets) {}
@@ -34,9 +35,10 @@ bool Feed::WriteBatch() {
     }
     WriteQuietBatches(m_Session.PacketTime(0) - kGather);
     for (int number = 0; number < m_Session.BatchSize(); ++number) {
-        WriteDue(m_Session.PacketTime(number));
-        WriteMarketPacket(m_Session.PacketTime(number));
-        WriteOrderNotice(m_Session.PacketTime(number));
+        const Timestamp time = m_Session.PacketTime(number);
+        WriteDue(time);
+        WriteBook(time, WriteMarketPacket(time));
+        WriteOrderNotice(time);
     }
     WriteDue(m_Session.BatchEnd());
     m_Capture.BatchEnd(m_Session.BatchEnd() - m_Offset);
@@ -70,16 +72,23 @@ Timestamp Feed::WriteNextDerived() {
     return next.key();
 }
 
-void Feed::WriteMarketPacket(Timestamp local) {
+const Stock* Feed::WriteMarketPacket(Timestamp local) {
     constexpr int kPercentFunds = 5;
     constexpr int kPercentClosing = 10;
     if (!m_Market.Funds().empty() && m_Market.Dice().Chance(kPercentFunds)) {
         const bool close = m_Market.Dice().Chance(kPercentClosing);
         Write(local, MakeNav(m_Market.NextFund(close), close));
-    } else {
-        const Deal deal = m_Market.NextDeal();
-        Write(local, MakeTrade(deal, local));
-        m_Derived.Take(deal, local);
+        return nullptr;
+    }
+    const Deal deal = m_Market.NextDeal();
+    Write(local, MakeTrade(deal, local));
+    m_Derived.Take(deal, local);
+    return deal.Of;
+}
+
+void Feed::WriteBook(Timestamp local, const Stock* traded) {
+    if (const Book* book = m_Books.Next(traded)) {
+        Write(local, MakeBook(*book));
     }
 }
 

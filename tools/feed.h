@@ -3,6 +3,7 @@
 #ifndef TICKMUX_TOOLS_FEED_H
 #define TICKMUX_TOOLS_FEED_H
 
+#include "tools/books.h"
 #include "tools/capture.h"
 #include "tools/derived_feed.h"
 #include "tools/emitters.h"
@@ -19,6 +20,7 @@ struct FeedOptions {
     int64_t Packets = 0;  // trades and fund values; the rest comes on top
     int Stocks = 20;
     int Funds = 2;
+    int Books = 20;  // per cent of Packets
     int Orders = 3;  // order notices, per cent of Packets
     BarFaults Bars;
     UtcOffset Offset{0};  // the exchange's clock against the capture's times
@@ -38,7 +40,9 @@ private:
     void WriteQuietBatches(Timestamp until);
     void WriteDue(Timestamp now);
     Timestamp WriteNextDerived();
-    void WriteMarketPacket(Timestamp local);
+    // Gives the stock, if it was a trade.
+    const Stock* WriteMarketPacket(Timestamp local);
+    void WriteBook(Timestamp local, const Stock* traded);
     void WriteOrderNotice(Timestamp local);
     template <class Packet>
     void Write(Timestamp local, const WholePacket<Packet>& packet) {
@@ -50,6 +54,7 @@ private:
     const int m_nOrders;
     Market m_Market;
     DerivedFeed m_Derived;
+    Books m_Books;
     Random m_OrderDice;
     OrderFlow m_Orders;
     Session m_Session;

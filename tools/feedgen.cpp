@@ -28,9 +28,12 @@ constexpr char kHelp[] =
     "  --date YYYYMMDD      its day (default 20261120)\n"
     "  --minutes N          only the first minutes of the session, 1 to 420 (default 420)\n"
     "  --packets N          how many trades and fund values, spread over those minutes (default 20 a minute\n"
-    "                       and stock); bars, index updates and order notices come on top\n"
+    "                       and stock); books, bars, index updates and order notices come on top\n"
     "  --stocks N           1 to 10000 (default 20); the first is ASII on board 1\n"
     "  --funds N            0 to 99 (default 2): FUND01, FUND02 ... on board 1\n"
+    "  --books N            books for each 100 of --packets, 0 to 100 (default 20): most come behind a "
+    "trade\n"
+    "                       of their stock\n"
     "  --orders N           order notices for each 100 of --packets, 0 to 100 (default 3): whole lives of "
     "orders\n"
     "                       of TRADER01 with user field ACC001, and of others\n"
@@ -61,6 +64,7 @@ Arguments ReadArguments(int argc, char** argv) {
                                      {"packets", required_argument, nullptr, 'p'},
                                      {"stocks", required_argument, nullptr, 'k'},
                                      {"funds", required_argument, nullptr, 'f'},
+                                     {"books", required_argument, nullptr, 'n'},
                                      {"orders", required_argument, nullptr, 'r'},
                                      {"utc-offset", required_argument, nullptr, 'u'},
                                      {"late-bars", required_argument, nullptr, 'l'},
@@ -91,6 +95,9 @@ Arguments ReadArguments(int argc, char** argv) {
                 break;
             case 'f':
                 arguments.Feed.Funds = static_cast<int>(NumberOption("funds", value, 0, kMostFunds));
+                break;
+            case 'n':
+                arguments.Feed.Books = PercentOption("books", value);
                 break;
             case 'r':
                 arguments.Feed.Orders = PercentOption("orders", value);

@@ -22,6 +22,9 @@ public:
         m_Bytes.append(reinterpret_cast<const char*>(&part), sizeof(Part));
     }
 
+    // The same for a part of spaces that is told by its fields alone.
+    void AppendBlank(const std::vector<Field>& fields, std::size_t size);
+
     // Sets a field, spaces behind a shorter value. A field is named in full, "Head.Price", or by its last
     // word where only one field ends with it. BadInput for a name or a value that does not fit.
     void Set(std::string_view name, std::string_view value);
@@ -30,8 +33,10 @@ public:
     std::string_view Value(std::string_view name) const { return Find(name).Of(m_Bytes); }
 
     std::string_view Bytes() const { return m_Bytes; }
-    // Ends the text behind its first `size` bytes; fields beyond are gone.
-    void Cut(std::size_t size);
+    // Takes `size` bytes out; the fields that begin there are gone.
+    void Remove(std::size_t from, std::size_t size);
+    // Ends the text behind its first `size` bytes.
+    void Cut(std::size_t size) { Remove(size, m_Bytes.size() - size); }
 
     // Zero-terminated, for InitMap.
     char* Data() { return m_Bytes.data(); }

@@ -67,14 +67,14 @@ DailyLimits LimitsOf(int32_t basePrice) {
     return {onTick == lowest ? onTick : onTick + TickSize(onTick), DownToTick(basePrice + reach)};
 }
 
-int32_t Stock::BestBelow() const {
-    const int32_t price = Price - TickSize(Price - 1);
-    return price < Limits.Lowest ? 0 : price;
+int32_t PriceBelow(int32_t price, const DailyLimits& limits) {
+    const int32_t next = price - TickSize(price - 1);
+    return next < limits.Lowest ? 0 : next;
 }
 
-int32_t Stock::BestAbove() const {
-    const int32_t price = Price + TickSize(Price);
-    return price > Limits.Highest ? 0 : price;
+int32_t PriceAbove(int32_t price, const DailyLimits& limits) {
+    const int32_t next = price + TickSize(price);
+    return next > limits.Highest ? 0 : next;
 }
 
 std::string FundValueText(int64_t value) {

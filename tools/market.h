@@ -26,6 +26,10 @@ struct DailyLimits {
 };
 DailyLimits LimitsOf(int32_t basePrice);
 
+// The next price on either side; 0 where a daily limit leaves no room.
+int32_t PriceBelow(int32_t price, const DailyLimits& limits);
+int32_t PriceAbove(int32_t price, const DailyLimits& limits);
+
 struct Broker {
     std::string Code;
     char Class;  // 'D' or 'F'
@@ -44,8 +48,8 @@ struct Stock {
     int64_t TotalValue = 0;
 
     // Best prices beside the latest one; 0 where a daily limit leaves no room.
-    int32_t BestBelow() const;
-    int32_t BestAbove() const;
+    int32_t BestBelow() const { return PriceBelow(Price, Limits); }
+    int32_t BestAbove() const { return PriceAbove(Price, Limits); }
 };
 
 struct Deal {

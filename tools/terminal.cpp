@@ -39,7 +39,7 @@ void Terminal::Open(const ScreenKind& kind, std::string title, InitText init, st
     OpenScreen& screen = *m_Screens.back();
     m_Contexts.push_back(std::make_unique<WindowContext>(WindowContext{this, &screen}));
     screen.Title = std::move(title);
-    screen.View = kind.Open(rows);
+    screen.View = kind.Open(init, rows);
     screen.Window = tickhost_create_window(OnScreenMessage, m_Contexts.back().get());
     const tickmux_handle handle = m_Module->RegistMap(screen.Window, kind.Map);
     if (handle == 0 || handle == static_cast<tickmux_handle>(-1)) {

@@ -36,6 +36,9 @@ constexpr char kHelp[] =
     "  --help               print this\n"
     "\n"
     "The last image of a chart draws its candles, one a column: o rising, # falling, - unchanged.\n"
+    "A panel shows the fields from FirstField to LastField of its line (default: all); the volume by price "
+    "has\n"
+    "bars against the largest one.\n"
     "A line of WORKSPACE is MAP KEY [Field=value ...], such as: RSTICK11_R 1ASII Date=20261120\n"
     "A capture is a pcap file of link type USER0; feedgen writes one.\n"
     "Exit status: 0 done, 1 failed, 2 bad input.\n";

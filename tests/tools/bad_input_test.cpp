@@ -70,6 +70,7 @@ TEST_F(BadInputTest, CommandLines) {
                  {output + "--date 20260230",
                   "--date \"20260230\" is no day; give YYYYMMDD from 19710101 to 20991231"},
                  {output + "--minutes 421", "--minutes \"421\" is no number from 1 to 420"},
+                 {output + "--books -1", "--books \"-1\" is no number from 0 to 100"},
                  {output + "--late-bars 101", "--late-bars \"101\" is no number from 0 to 100"},
                  {"--output /nowhere/x", "/nowhere/x: No such file or directory; choose another --output"},
                  {"--output /dev/full",
@@ -113,8 +114,8 @@ TEST_F(BadInputTest, WorkspaceLines) {
     } cases[] = {
         {"# nothing\n", ": names no screen; add a line such as RSTICK11_R 1ASII"},
         {"RSTICK11_R 1ASII\n\nRSTICK12_R 1ASII\n",
-         ":3: unknown map \"RSTICK12_R\"; known: RICAND11_R, RSCAND11_R, RSETFNAV_R, "
-         "RSNOCH21_R, RSORDE21_R, RSORDE22_R, RSTICK11_R"},
+         ":3: unknown map \"RSTICK12_R\"; known: RICAND11_R, RITRDE01_R, RITRDE02_R, RSCAND11_R, RSETFNAV_R, "
+         "RSNOCH21_R, RSORDE21_R, RSORDE22_R, RSTICK11_R, RSTRBK01_R, RSTRDE01_R"},
         {"RSTICK11_R # key\n", ":1: no key behind \"RSTICK11_R\"; write MAP KEY [Field=value ...]"},
         {"RSTICK11_R 1ASII Date\n",
          ":1: \"Date\" is not of the form Field=value; write MAP KEY [Field=value ...]"},
@@ -135,6 +136,19 @@ TEST_F(BadInputTest, WorkspaceLines) {
          ":1: the module refuses the Init text of RSCAND11_R 1ASII; check the fields' values"},
         {"RSETFNAV_R 1FUND01 Base=1\n",
          ":1: unknown field \"Base\"; known: Tag, Key.Board, Key.Code, BaseValue, FirstValue, SecondValue"},
+        {"RSTRDE01_R 1ASII FirstField=12 LastField=3\n",
+         ":1: fields \"12\" to \"3\" are no range; give FirstField and LastField from 0 to 55, the first not "
+         "above the last"},
+        {"RITRDE01_R COMP FirstField=x LastField=18\n",
+         ":1: fields \"x\" to \"18\" are no range; give FirstField and LastField from 0 to 17, the first "
+         "not "
+         "above the last"},
+        {"RSTRDE01_R 1ASII LastField=20 Field21=1005\n",
+         ":1: Field21 lies outside of the range 0 to 20; widen it, or leave the field out"},
+        {"RSTRDE01_R 1ASII Field56=1\n",
+         ":1: unknown field \"Field56\"; known: Tag, Key.Board, Key.Code, FirstField, LastField, Field0 to "
+         "Field55"},
+        {"RITRDE02_R COMP,\n", ":1: key \"\" is no index; give a code of up to 4 characters, such as COMP"},
         {"RSTICK11_R 1ASII Price=1\n",
          ":1: field \"Price\" may be each of Head.Price, Row.Price; name one in full"},
         {"RSTICK11_R 1ASII Date=202611201\n",

@@ -6,6 +6,7 @@
 #include "tools/errors.h"
 #include "tools/screens/candle_chart.h"
 #include "tools/screens/row_list.h"
+#include "tools/screens/row_table.h"
 #include "tools/screens/screen.h"
 #include "tools/text.h"
 
@@ -39,7 +40,7 @@ std::string_view TextOf(const char (&field)[N]) {
 template <class Row, int Decimals>
 class Chart : public Screen {
 public:
-    explicit Chart(std::size_t rows) : m_List(HeadedRowsTables<Row>(), rows, kChartColumns) {}
+    explicit Chart(std::size_t rows) : m_List(RowsTables<HeadedRows, Row>(), rows, kChartColumns) {}
 
     std::size_t Take(std::string_view buffer) override {
         if (buffer.size() >= sizeof(HeadedRows) &&
@@ -71,16 +72,6 @@ private:
 
     RowList m_List;
 };
-
-IndexKey IndexKeyOf(std::string_view text) {
-    IndexKey key;
-    if (text.empty() || text.size() > sizeof(key) || text.find('\0') != std::string_view::npos) {
-        throw BadInput("key " + Quoted(text) + " is no index; give a code of up to " +
-                       std::to_string(sizeof(key)) + " characters, such as COMP");
-    }
-    PutLeft(key.IndexCode, text);
-    return key;
-}
 
 template <auto KeyOf, class Row>
 InitText MakeInit(std::string_view key, const InitDefaults& defaults) {
@@ -120,7 +111,7 @@ void Complete(InitText& text) {
 }
 
 template <class Row, int Decimals>
-std::unique_ptr<Screen> Open(std::size_t rows) {
+std::unique_ptr<Screen> Open(const InitText& /*init*/, std::size_t rows) {
     return std::make_unique<Chart<Row, Decimals>>(rows);
 }
 
@@ -128,14 +119,14 @@ std::unique_ptr<Screen> Open(std::size_t rows) {
 
 extern const ScreenKind kIndexCandles = {"RICAND11_R",
                                          MakeInit<IndexKeyOf, IndexCandleRow>,
-                                         HeadedRowsTables<IndexCandleRow>,
+                                         RowsTables<HeadedRows, IndexCandleRow>,
                                          Open<IndexCandleRow, 3>,
                                          "COMP",
                                          Complete};
 
 extern const ScreenKind kStockCandles = {"RSCAND11_R",
                                          MakeInit<StockKeyOf, StockCandleRow>,
-                                         HeadedRowsTables<StockCandleRow>,
+                                         RowsTables<HeadedRows, StockCandleRow>,
                                          Open<StockCandleRow, 0>,
                                          "1ASII",
                                          Complete};

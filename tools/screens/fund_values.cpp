@@ -25,7 +25,7 @@ std::vector<LayoutTable> Display() {
     return {TaggedTable<NavDisplay>("Display buffer")};
 }
 
-std::unique_ptr<Screen> Open(std::size_t /*rows*/) {
+std::unique_ptr<Screen> Open(const InitText& /*init*/, std::size_t /*rows*/) {
     return std::make_unique<Panel>(Display().front());
 }
 

@@ -6,16 +6,20 @@ namespace tools {
 
 extern const ScreenKind kFilteredOrders;
 extern const ScreenKind kFundValues;
+extern const ScreenKind kIndexBoard;
 extern const ScreenKind kIndexCandles;
+extern const ScreenKind kIndexPanelScreen;
 extern const ScreenKind kOpenOrders;
 extern const ScreenKind kOrderList;
+extern const ScreenKind kPriceTable;
 extern const ScreenKind kStockCandles;
+extern const ScreenKind kStockPanelScreen;
 extern const ScreenKind kTickList;
 
 const std::vector<const ScreenKind*>& ScreenKinds() {
-    static const std::vector<const ScreenKind*> kinds = {&kIndexCandles, &kStockCandles, &kFundValues,
-                                                         &kOpenOrders,   &kOrderList,    &kFilteredOrders,
-                                                         &kTickList};
+    static const std::vector<const ScreenKind*> kinds = {
+        &kIndexCandles, &kIndexPanelScreen, &kIndexBoard, &kStockCandles, &kFundValues,      &kOpenOrders,
+        &kOrderList,    &kFilteredOrders,   &kTickList,   &kPriceTable,   &kStockPanelScreen};
     return kinds;
 }
 
@@ -41,6 +45,16 @@ StockKey StockKeyOf(std::string_view text) {
     }
     key.Board = text[0];
     PutLeft(key.Code, text.substr(1));
+    return key;
+}
+
+IndexKey IndexKeyOf(std::string_view text) {
+    IndexKey key;
+    if (text.empty() || text.size() > sizeof(key) || text.find('\0') != std::string_view::npos) {
+        throw BadInput("key " + Quoted(text) + " is no index; give a code of up to " +
+                       std::to_string(sizeof(key)) + " characters, such as COMP");
+    }
+    PutLeft(key.IndexCode, text);
     return key;
 }
 

@@ -44,9 +44,7 @@ std::string BytesOf(const std::deque<OrderRow>& rows, std::size_t count) {
 }  // namespace
 
 std::vector<LayoutTable> OrderTables() {
-    return {TaggedTable<OrderMessage>("Front"),
-            {"Each row, with the first one's offsets", sizeof(OrderMessage), sizeof(OrderRow),
-             FieldsOf<OrderRow>(sizeof(OrderMessage))}};
+    return RowsTables<OrderMessage, OrderRow>();
 }
 
 OrderTable::OrderTable(std::size_t limit, BlankTail tail)

@@ -67,7 +67,7 @@ InitText MakeFilteredOrders(std::string_view key, const InitDefaults& /*defaults
 }
 
 template <BlankTail kTail>
-std::unique_ptr<Screen> Open(std::size_t rows) {
+std::unique_ptr<Screen> Open(const InitText& /*init*/, std::size_t rows) {
     return std::make_unique<OrderTable>(rows, kTail);
 }
 

@@ -9,17 +9,9 @@
 
 namespace tools {
 
-// The front of a headed list, and a row behind it.
-template <class Row>
-std::vector<LayoutTable> HeadedRowsTables() {
-    return {TaggedTable<HeadedRows>("Front"),
-            {"Each row, with the first one's offsets", sizeof(HeadedRows), sizeof(Row),
-             FieldsOf<Row>(sizeof(HeadedRows))}};
-}
-
 class RowList : public Screen {
 public:
-    // `tables` as HeadedRowsTables gives them; the image shows the newest `limit` rows. So many are kept, or
+    // `tables` as RowsTables gives them; the image shows the newest `limit` rows. So many are kept, or
     // `kept` if that is more.
     RowList(const std::vector<LayoutTable>& tables, std::size_t limit, std::size_t kept = 0)
         : m_Front(tables[0]), m_Row(tables[1]), m_nLimit(limit), m_nKept(std::max(limit, kept)) {}

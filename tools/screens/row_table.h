@@ -5,10 +5,19 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tools/fields.h"
 
 namespace tools {
+
+// The front of a buffer of rows, and a row behind it.
+template <class Front, class Row>
+std::vector<LayoutTable> RowsTables() {
+    return {
+        TaggedTable<Front>("Front"),
+        {"Each row, with the first one's offsets", sizeof(Front), sizeof(Row), FieldsOf<Row>(sizeof(Front))}};
+}
 
 // How many rows stand behind the front of a buffer. Failure for a buffer that ends within one.
 std::size_t RowsIn(const LayoutTable& front, const LayoutTable& row, std::string_view buffer);

@@ -51,8 +51,8 @@ struct ScreenKind {
     InitText (*MakeInit)(std::string_view key, const InitDefaults& defaults);
     // What a buffer holds, part by part.
     std::vector<LayoutTable> (*Display)();
-    // `rows` is how many rows a list keeps for its image.
-    std::unique_ptr<Screen> (*Open)(std::size_t rows);
+    // `init` is in its last form; `rows` is how many rows a list keeps for its image.
+    std::unique_ptr<Screen> (*Open)(const InitText& init, std::size_t rows);
     // One for the page of layouts.
     const char* SampleKey = "1ASII";
     // Brings the text into its last form when its fields are set. BadInput for what the module would refuse.
@@ -67,6 +67,9 @@ const ScreenKind& FindScreenKind(const std::string& map);
 
 // A stock key as text: "1ASII". BadInput unless it is a board char and a code.
 StockKey StockKeyOf(std::string_view text);
+
+// An index key as text: "COMP". BadInput unless it is a code.
+IndexKey IndexKeyOf(std::string_view text);
 
 }  // namespace tools
 

@@ -1,6 +1,7 @@
 // The tick list of a stock.
 #include "layouts/RSTICK11.h"
 #include "tools/screens/row_list.h"
+#include "tools/screens/row_table.h"
 #include "tools/screens/screen.h"
 #include "tools/text.h"
 
@@ -26,12 +27,12 @@ InitText MakeInit(std::string_view key, const InitDefaults& defaults) {
     return text;
 }
 
-std::unique_ptr<Screen> Open(std::size_t rows) {
-    return std::make_unique<RowList>(HeadedRowsTables<TickRow>(), rows);
+std::unique_ptr<Screen> Open(const InitText& /*init*/, std::size_t rows) {
+    return std::make_unique<RowList>(RowsTables<HeadedRows, TickRow>(), rows);
 }
 
 }  // namespace
 
-extern const ScreenKind kTickList = {"RSTICK11_R", MakeInit, HeadedRowsTables<TickRow>, Open};
+extern const ScreenKind kTickList = {"RSTICK11_R", MakeInit, RowsTables<HeadedRows, TickRow>, Open};
 
 }  // namespace tools

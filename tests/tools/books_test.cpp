@@ -1,0 +1,205 @@
+// Are the generated books ones that the trades around them allow?
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/tools/tool_runs.h"
+#include "tools/capture.h"
+#include "tools/emitters.h"
+
+namespace {
+
+constexpr std::size_t kLevels = std::extent_v<decltype(BookPacket::Levels)>;
+
+using Side = std::array<tools::PriceLevel, kLevels>;
+
+Side SideOf(const BookPacket& book, int number) {
+    Side side;
+    for (std::size_t i = 0; i < kLevels; ++i) {
+        const auto& [price1, quantity1, price2, quantity2] = book.Levels[i];
+        side[i] = number == 1 ? tools::PriceLevel{price1, quantity1} : tools::PriceLevel{price2, quantity2};
+    }
+    return side;
+}
+
+// Holds each book against the latest trade of its stock and against the book before.
+class BookAudit {
+public:
+    void Take(const TradePacket& trade) {
+        const int direction = trade.Sign == '2' ? 1 : trade.Sign == '5' ? -1 : 0;
+        m_Stocks[KeyText(trade.Key)] = {trade.Price - direction * trade.Change, trade.Best1Price,
+                                        trade.Best2Price};
+        m_LastTrade = KeyText(trade.Key);
+    }
+    void TakeOther() { m_LastTrade.clear(); }
+
+    void Take(const BookPacket& book) {
+        const std::string key = KeyText(book.Key);
+        ++m_nBooks;
+        m_nBehindTrade += std::exchange(m_LastTrade, "") == key ? 1 : 0;
+        const auto stock = m_Stocks.find(key);
+        const tools::DailyLimits limits = tools::LimitsOf(book.BasePrice);
+        for (const int number : {1, 2}) {
+            const Side side = SideOf(book, number);
+            if (stock != m_Stocks.end()) {
+                EXPECT_EQ(book.BasePrice, stock->second.Base);
+                EXPECT_EQ(side[0].Price, number == 1 ? stock->second.Best1 : stock->second.Best2);
+            }
+            CheckSide(side, number == 1 ? tools::PriceBelow : tools::PriceAbove, limits,
+                      number == 1 ? book.Side1Total : book.Side2Total);
+            Compare(m_Former[{key, number}], side);
+        }
+    }
+
+    int Books() const { return m_nBooks; }
+    double BehindTrade() const { return 1.0 * m_nBehindTrade / m_nBooks; }
+    double Gaps() const { return 1.0 * m_nGaps / m_nLevels; }
+    double Kept() const { return 1.0 * m_nKept / m_nSamePrice; }
+    int Short() const { return m_nShort; }
+    int Empty() const { return m_nEmpty; }
+
+private:
+    struct Stock {
+        int32_t Base;
+        int32_t Best1;
+        int32_t Best2;
+    };
+
+    static std::string KeyText(const StockKey& key) {
+        return {reinterpret_cast<const char*>(&key), sizeof(key)};
+    }
+
+    // From one level to the next by ticks, then nothing more.
+    void CheckSide(const Side& side, int32_t (*outward)(int32_t, const tools::DailyLimits&),
+                   const tools::DailyLimits& limits, int32_t total) {
+        int32_t sum = 0;
+        int32_t expected = side[0].Price;
+        std::size_t levels = 0;
+        for (; levels < kLevels && side[levels].Price != 0; ++levels) {
+            const auto [price, quantity] = side[levels];
+            m_nGaps += price != expected ? 1 : 0;
+            while (expected != price && expected != 0) {
+                expected = outward(expected, limits);
+            }
+            ASSERT_EQ(price, expected);  // in order, on tick, within the limits
+            EXPECT_TRUE(quantity > 0 && quantity < 2000);
+            sum += quantity;
+            expected = outward(price, limits);
+        }
+        m_nLevels += static_cast<int>(levels);
+        m_nShort += levels < kLevels ? 1 : 0;
+        m_nEmpty += levels == 0 ? 1 : 0;
+        EXPECT_TRUE(std::all_of(side.begin() + static_cast<std::ptrdiff_t>(levels), side.end(),
+                                [](const auto& level) { return level.Price == 0 && level.Quantity == 0; }));
+        EXPECT_TRUE(total >= sum && total <= (levels < kLevels ? sum : sum + sum / 5));
+    }
+
+    void Compare(Side& former, const Side& side) {
+        for (const tools::PriceLevel& now : side) {
+            for (const tools::PriceLevel& before : former) {
+                if (now.Price != 0 && now.Price == before.Price) {
+                    ++m_nSamePrice;
+                    m_nKept += now.Quantity == before.Quantity ? 1 : 0;
+                }
+            }
+        }
+        former = side;
+    }
+
+    std::map<std::string, Stock> m_Stocks;
+    std::map<std::pair<std::string, int>, Side> m_Former;
+    std::string m_LastTrade;  // its stock, if the packet before was one
+    int m_nBooks = 0;
+    int m_nBehindTrade = 0;
+    int m_nLevels = 0;
+    int m_nGaps = 0;
+    int m_nSamePrice = 0;
+    int m_nKept = 0;
+    int m_nShort = 0;
+    int m_nEmpty = 0;
+};
+
+TEST(Books, AgreeWithTheTradesOfAWholeDay) {
+    const ScratchFolder folder;
+    const std::string path = folder.Path("day.pcap");
+    ASSERT_EQ(RunTool("feedgen", "--packets 60000 --stocks 12 --output " + path).Status, 0);
+    tools::CaptureReader capture(path);
+    tools::CaptureRecord record;
+    BookAudit audit;
+    while (capture.Next(record) && !HasFailure()) {
+        if (record.EndsBatch()) {
+            continue;
+        }
+        if (record.Bytes[0] == TradePacket::kType) {
+            audit.Take(*reinterpret_cast<const TradePacket*>(record.Bytes + 1));
+        } else if (record.Bytes[0] == BookPacket::kType) {
+            audit.Take(*reinterpret_cast<const BookPacket*>(record.Bytes + 1));
+        } else {
+            audit.TakeOther();
+        }
+    }
+    EXPECT_NEAR(audit.Books(), 12000, 400);
+    EXPECT_NEAR(audit.BehindTrade(), 0.82, 0.03);
+    EXPECT_NEAR(audit.Kept(), 0.65, 0.05);
+    EXPECT_GT(audit.Gaps(), 0.01);
+    EXPECT_LT(audit.Gaps(), 0.15);
+}
+
+// A price that wanders through the whole day's range, from end to end and back.
+TEST(Books, EndAtTheDailyLimits) {
+    const tools::DailyLimits limits = tools::LimitsOf(1985);
+    std::vector<tools::Stock> stocks = {{"ASII", 1985, limits, limits.Lowest}};
+    tools::Stock& stock = stocks.front();
+    tools::Books books(stocks, 1, 100);
+    BookAudit audit;
+    for (const auto outward : {tools::PriceAbove, tools::PriceBelow}) {
+        for (int32_t price = stock.Price; price != 0; price = outward(price, limits)) {
+            stock.Price = price;
+            audit.Take(tools::MakeTrade({&stock, 1, 0, {}, {}, 1}, {}).Payload);
+            audit.Take(tools::MakeBook(*books.Next(&stock)).Payload);
+        }
+    }
+    EXPECT_GT(audit.Short(), 4 * 9);
+    EXPECT_EQ(audit.Empty(), 4);
+}
+
+TEST(Books, ComeOnTopOfWhatIsThereWithoutThem) {
+    const ScratchFolder folder;
+    struct Session {
+        std::string Whole;
+        std::string Others;  // all that is no book, with times and batch ends
+        int Market = 0;
+        int Books = 0;
+    };
+    const auto read = [&folder](const std::string& options) {
+        const std::string path = folder.Path("session.pcap");
+        EXPECT_EQ(RunTool("feedgen", "--minutes 20 --seed 5 --output " + path + " " + options).Status, 0);
+        Session session{ReadFile(path), "", 0, 0};
+        tools::CaptureReader capture(path);
+        tools::CaptureRecord record;
+        while (capture.Next(record)) {
+            const char type = record.EndsBatch() ? ' ' : record.Bytes[0];
+            session.Market += type == TradePacket::kType || type == NavPacket::kType ? 1 : 0;
+            if (type == BookPacket::kType) {
+                ++session.Books;
+                continue;
+            }
+            session.Others += std::to_string(record.Time.time_since_epoch().count());
+            session.Others.append(record.Bytes, static_cast<std::size_t>(record.Length));
+        }
+        return session;
+    };
+    const Session without = read("--books 0");
+    const Session all = read("--books 100");
+    EXPECT_EQ(all.Books, all.Market);
+    EXPECT_TRUE(all.Others == without.Others);
+    EXPECT_TRUE(all.Whole == read("--books 100").Whole);
+    EXPECT_TRUE(read("").Whole == read("--books 20").Whole);
+}
+
+}  // namespace

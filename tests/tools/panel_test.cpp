@@ -1,0 +1,159 @@
+// What the panels of fields, the board of indices and the volume by price show of a small capture.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+
+#include "layouts/RITRDE02.h"
+#include "layouts/RSTRBK01.h"
+#include "tests/tools/tool_runs.h"
+#include "tools/capture.h"
+#include "tools/emitters.h"
+#include "tools/screens/screen.h"
+
+namespace {
+
+const tools::Timestamp kMorning = tools::ParseDate("20261120") + std::chrono::hours(9);
+
+class PanelTest : public testing::Test {
+protected:
+    void Trade(int32_t price, int32_t volume) {
+        m_Stock.Price = price;
+        m_Stock.TradeCount += 1;
+        m_Stock.TotalVolume += volume;
+        m_Stock.TotalValue += int64_t{price} * volume * tools::kLotSize;
+        Write(tools::MakeTrade({&m_Stock, volume, 0, {"B01", 'D'}, {"B03", 'F'}, 1}, kMorning));
+    }
+    void Book() { Write(tools::MakeBook({&m_Stock, {{{995, 40}, {985, 7}}, 50}, {{{1010, 8}}, 8}})); }
+    void Index(const std::string& code, int32_t value, int32_t rising) {
+        tools::Index index{code, 1000'0000, 3};
+        index.Value = index.High = value;
+        index.Open = index.Low = 1000'0000;
+        index.TotalVolume = 77;
+        index.TotalValue = 123'000;
+        index.TradeCount = 12;
+        index.Rising = rising;
+        Write(tools::MakeIndex(index, kMorning));
+    }
+    void EndBatch() { m_Writer.BatchEnd(kMorning); }
+
+    std::string Replay(const std::string& options, const std::string& workspace) {
+        m_Writer.Close();
+        const Outcome outcome = RunTool(
+            "tickreplay", options + " " + m_Folder.File("w", workspace) + " " + m_Folder.Path("p.pcap"));
+        EXPECT_EQ(outcome.Status, 0);
+        return outcome.Text.substr(0, outcome.Text.find("Summary\n"));
+    }
+
+private:
+    template <class Packet>
+    void Write(const tools::WholePacket<Packet>& packet) {
+        m_Writer.Packet(kMorning, &packet, sizeof(packet));
+    }
+
+    const ScratchFolder m_Folder;
+    tools::CaptureWriter m_Writer{m_Folder.Path("p.pcap")};
+    tools::Stock m_Stock{"ASII", 1000, tools::LimitsOf(1000), 1000, 1000, 1005, 995};
+};
+
+TEST_F(PanelTest, StockFieldsOfARange) {
+    Trade(1005, 3);
+    Book();
+    EndBatch();
+    EXPECT_EQ(Replay("",
+                     "RSTRDE01_R 1ASII FirstField=3 LastField=10 Field4=900 Field6.Tag=1\n"
+                     "RSTRDE01_R 1ASII FirstField=021 LastField=28 Field28=250 Field27=\"a \\b\"\n"
+                     "RSTRDE01_R 1ASII FirstField=44 Field51=10 Tag=zz\n"),
+              "RSTRDE01_R 1ASII: 1 message, 0 rows\n"
+              "  Tag: 00\n"
+              "   3 1 Price:                        1005\n"
+              "   4   base price, from the inquiry: 900\n"
+              "   8   Sign:                         2\n"
+              "   9 1 Change:                       5\n"
+              "  10 1 rate, per cent:               11.66\n"
+              "\n"
+              "RSTRDE01_R 1ASII: 1 message, 0 rows\n"
+              "  Tag: 01\n"
+              "  21 1 book side 2, best price:         1010\n"
+              "  22 4 book side 1, best price:         995\n"
+              "  23   book side 2, best quantity:      8\n"
+              "  24   book side 1, best quantity:      40\n"
+              "  27   inquiry:                         a \\\\b\n"
+              "  28   capital units, from the inquiry: 250\n"
+              "\n"
+              "RSTRDE01_R 1ASII: 1 message, 0 rows\n"
+              "  Tag: zz\n"
+              "  44   book total of side 2:     8\n"
+              "  45   book total of side 1:     50\n"
+              "  48   Broker1Class F, quantity:\n"
+              "  49   Broker1Class F, value:\n"
+              "  50   Broker1Class F, trades:\n"
+              "  51   Broker2Class F, quantity: 13\n"
+              "  52   Broker2Class F, value:    3015\n"
+              "  53   Broker2Class F, trades:   1\n"
+              "\n");
+}
+
+TEST_F(PanelTest, IndexFieldsAndTheBoard) {
+    Index("COMP", 1010'0000, 2);
+    Index("COMP", 1012'5000, 3);
+    EndBatch();
+    Index("MAIN", 990'0000, 0);
+    Index("ELSE", 990'0000, 0);
+    EndBatch();
+    const std::string board =
+        "  Name  IndexColor      Index  Sign  ChangeColor   Change  RateColor  Rate  Count1  Count2  Count3  "
+        "Count4  Count5  TotalVolume  TotalValue  Note  Time    Key.IndexCode\n";
+    EXPECT_EQ(Replay("",
+                     "RITRDE01_R COMP FirstField=3 LastField=9 Field9=1100.0000\n"
+                     "RITRDE02_R NONE,MAIN,COMP Row2.Name=Top\n"),
+              "RITRDE01_R COMP: 1 message, 0 rows\n"
+              "  Tag: 00\n"
+              "   3 1 rate, per cent:               1.13\n"
+              "   4 4 High:                         1012.5000\n"
+              "   5 4 Low:                          1000.0000\n"
+              "   6 4 Open:                         1000.0000\n"
+              "   7   TotalVolume:                  77\n"
+              "   8   TotalValue:                   123000\n"
+              "   9   base value, from the inquiry: 1100.0000\n"
+              "\n"
+              "RITRDE02_R NONE,MAIN,COMP: 2 messages, 2 rows\n" +
+                  board + std::string(155, ' ') +
+                  "NONE\n"
+                  "  Top   4            990.0000  5     4            10.0000  4          1.00       0       "
+                  "0       0       0      12           77      123000        090000  MAIN\n"
+                  "        1           1012.5000  2     1            12.5000  1          1.25       3       "
+                  "0       0       0      12           77      123000        090000  COMP\n\n");
+}
+
+TEST_F(PanelTest, VolumeByPriceWithBars) {
+    Trade(1000, 30);
+    Trade(1005, 11);
+    Trade(995, 9);
+    Trade(1010, 1);
+    EndBatch();
+    Trade(1000, 10);
+    EndBatch();
+    EXPECT_EQ(Replay("--rows 3", "RSTRBK01_R 1ASII\n"),
+              "RSTRBK01_R 1ASII: 2 messages, 8 rows\n"
+              "  ColorTag  Price  Trades  SumVolume  SumValue  Bar\n"
+              "  1          1010       1          1       101  #\n"
+              "  1          1005       1         11      1105  #####\n"
+              "  5          1000       2         40      4000  ####################\n"
+              "  1 row below\n\n");
+}
+
+// The module would not send these.
+TEST(PlainTables, TellWhatContradictsThem) {
+    const tools::ScreenKind& kind = tools::FindScreenKind("RITRDE02_R");
+    const auto board = kind.Open(kind.MakeInit("COMP", {}), 10);
+    std::string buffer = "00   2 134" + std::string(16, ' ');
+    EXPECT_THROW(board->Take(buffer + "x"), std::runtime_error);
+    EXPECT_EQ(board->Take(buffer + std::string(130, ' ') + "MAIN"), 1U);
+    EXPECT_EQ(
+        board->TakeFaults(),
+        (std::vector<std::string>{"repeat head \"   2\" of \" 134\", but the buffer holds 1 row of 134 bytes",
+                                  "a row of index \"MAIN\", which the board does not have"}));
+}
+
+}  // namespace
