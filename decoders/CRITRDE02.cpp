@@ -63,20 +63,23 @@ int CRITRDE02::Init(const char* buffer) {
     if (rows < 1 || ToLong(head.Size) != kRowSize || in.Remain() != rows * kRowSize) {
         return 0;
     }
-    const Board former = std::exchange(m_Board, {});
-    m_Board.Entries.reset(new (std::nothrow) Entry[static_cast<std::size_t>(rows)]);
-    if (m_Board.Entries == nullptr) {
-        return 0;  // the former rows are gone, their subscriptions stay
+    Board next;
+    next.Entries.reset(new (std::nothrow) Entry[static_cast<std::size_t>(rows)]);
+    if (next.Entries == nullptr) {
+        return 0;  // the former rows still name what is subscribed to
     }
-    m_Board.nRows = rows;
-    for (Entry& entry : m_Board) {
+    next.nRows = rows;
+    for (Entry& entry : next) {
         in.Read(entry.Row);
         entry.Number = NumberOf(entry.Row.Key);
         entry.Dirty = false;
         m_ByKey.PutLast(&entry);
     }
-    for (const Entry& entry : m_Board) {
-        Request::Add(entry.Row.Key);
+    const Board former = std::exchange(m_Board, std::move(next));
+    // The communication manager may call back and end this board, or bring another.
+    const unsigned generation = ++m_nGeneration;
+    for (int i = 0; m_nGeneration == generation && i < rows; ++i) {
+        Request::Add(m_Board.Entries[static_cast<std::size_t>(i)].Row.Key);
     }
     for (const Entry& entry : former) {
         Request::Delete(entry.Row.Key);
@@ -131,6 +134,7 @@ void CRITRDE02::Release() {
 void CRITRDE02::GiveUp() {
     m_ByKey.Clear();
     m_nDirty = 0;
+    ++m_nGeneration;
     const Board former = std::exchange(m_Board, {});
     for (const Entry& entry : former) {
         Request::Delete(entry.Row.Key);

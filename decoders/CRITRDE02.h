@@ -47,6 +47,7 @@ private:
 
     NumberIndex<Entry> m_ByKey;  // the rows that packets find; of equal keys the first
     Board m_Board;
+    unsigned m_nGeneration = 0;  // of the board
     int m_nDirty = 0;
     RequestTag m_Tag{};
 };

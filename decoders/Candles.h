@@ -406,13 +406,16 @@ void CandleDecoder<Kind>::Release() {
     GiveUp();
 }
 
-// A tick list leaves its subscription in place.
+// A tick list leaves its subscription in place. The block is blank before the request goes out: whoever hears
+// of it may call back and bring another.
 template <class Kind>
 void CandleDecoder<Kind>::GiveUp() {
-    if (!IsTickList() && FindPeriod(PeriodChar()) != nullptr) {
-        Request::Delete(FollowedKey());
-    }
+    const Key former = FollowedKey();
+    const bool subscribed = !IsTickList() && FindPeriod(PeriodChar()) != nullptr;
     ClearBlock();
+    if (subscribed) {
+        Request::Delete(former);
+    }
 }
 
 template <class Kind>

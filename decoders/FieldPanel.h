@@ -54,7 +54,7 @@ private:
     Record m_Fields;
 };
 
-// A text that is refused leaves everything as it was.
+// A text that is refused leaves key, range and record as they were, and the tag of a change that still waits.
 template <class Kind>
 int PanelDecoder<Kind>::Init(const char* buffer) {
     CRTMPacketDecoder::Init(buffer);

@@ -41,6 +41,19 @@ Number ReadInteger(const char* src, int n) {
     return static_cast<Number>(negative ? -value : value);
 }
 
+bool IsHexDigit(char c) {
+    return IsDigit(c) || ((c | 0x20) >= 'a' && (c | 0x20) <= 'f');
+}
+
+// "0x" and a digit, also one behind a point.
+bool IsHexNumber(const char* at, const char* end) {
+    if (end - at < 3 || at[0] != '0' || (at[1] | 0x20) != 'x') {
+        return false;
+    }
+    const char* digit = at[2] == '.' ? at + 3 : at + 2;
+    return digit != end && IsHexDigit(*digit);
+}
+
 // What lies beyond the range of a double is infinite or zero, as its exponent's sign tells: the few
 // characters of a field cannot reach either end by their digits alone.
 double BeyondRange(const char* at, const char* end, bool hex) {
@@ -130,7 +143,7 @@ double AsciiToDouble(const char* src, int n) {
         return 0.0;  // two signs: no number
     }
     double value = 0.0;
-    const bool hex = end - at > 2 && at[0] == '0' && (at[1] | 0x20) == 'x' && at[2] != '-';
+    const bool hex = IsHexNumber(at, end);
     std::from_chars_result result{at, std::errc::invalid_argument};
     if (hex) {
         result = std::from_chars(at + 2, end, value, std::chars_format::hex);

@@ -96,9 +96,11 @@ public:
     Key Take(const Key& next) { return std::exchange(m_Key, next); }
     void MoveFrom(const Key& former) { Subscription<Key, Class, Flags>::Move(former, m_Key); }
 
+    // Blank before the request goes out: whoever hears of it may call back and bring another key.
     void GiveUp() {
-        Subscription<Key, Class, Flags>::Delete(m_Key);
+        const Key former = m_Key;
         FillBlank(m_Key);
+        Subscription<Key, Class, Flags>::Delete(former);
     }
 
 private:

@@ -1,50 +1,41 @@
-#include <gtest/gtest.h>
-
 #include "layouts/RSTRDE01.h"
 #include "tests/support/inquiries.h"
 #include "tests/support/terminal.h"
 
 namespace {
 
-using Events = std::vector<std::string>;
-
 std::string Inquiry(const std::string& key, const std::string& range, const std::string& fields) {
     return "P1" + Left(key, 11) + range + fields;
 }
 
+std::size_t Offset(int field, int from = 0) {
+    return static_cast<std::size_t>(WidthOf(kStockPanel, from, field));
+}
+
 std::string Blank(int from, int to) {
     std::string blank;
-    blank.resize(static_cast<std::size_t>(WidthOf(kStockPanel, from, to + 1)), ' ');
+    blank.resize(Offset(to + 1, from), ' ');
     return blank;
 }
 
-class StockPanelScreen : public testing::Test {
+class StockPanelScreen : public ScreenTest {
 protected:
+    StockPanelScreen() : ScreenTest("RSTRDE01_R") {}
     void Open(const std::string& range, const std::string& fields) {
-        m_Screen = m_Terminal.Open("RSTRDE01_R", Inquiry("1ASII", range, fields));
+        ScreenTest::Open(Inquiry("1ASII", range, fields));
     }
-    template <class Packet>
-    std::string After(const Packet& packet) {
-        m_Terminal.Feed(packet);
-        m_Terminal.EndBatch();
-        return m_Screen->Empty() ? "nothing" : m_Screen->Next();
-    }
-
-    Terminal m_Terminal;
-    std::unique_ptr<Screen> m_Screen;
 };
 
 TEST_F(StockPanelScreen, ATradeFillsItsFieldsAndLeavesTheInquirys) {
-    std::string fields(static_cast<std::size_t>(WidthOf(kStockPanel)), '.');
-    fields.replace(static_cast<std::size_t>(WidthOf(kStockPanel, 0, 4)), 14, "5 " + Right("1000", 12));
-    fields.replace(static_cast<std::size_t>(WidthOf(kStockPanel, 0, 28)), 14, Right("250.5", 14));
-    fields.replace(static_cast<std::size_t>(WidthOf(kStockPanel, 0, 48)), 41,
-                   Right("10", 15) + Right("99999999999", 18) + Right("", 8));
-    Open("000055", fields);
-    EXPECT_EQ(m_Terminal.Events(), Events{Added('1', "1ASII", "a0000000")});
-    const auto expect = [&](int number, const std::string& text) {
-        fields.replace(static_cast<std::size_t>(WidthOf(kStockPanel, 0, number)), text.size(), text);
+    std::string fields(Offset(56), '.');
+    const auto expect = [&](int field, const std::string& text) {
+        fields.replace(Offset(field), text.size(), text);
     };
+    expect(4, "5 " + Right("1000", 12));
+    expect(28, Right("250.5", 14));
+    expect(48, Right("10", 15) + Right("99999999999", 18) + Right("", 8));
+    Open("000055", fields);
+    EXPECT_EQ(Told(), Events{Added('1', "1ASII", "a0000000")});
     expect(3, "1 " + Right("1019", 12));
     expect(8, "3");
     expect(9, "1 " + Right("20", 12) + "1 " + Right("1.90", 6) + Right("123", 8) + Right("2147483647", 15) +
@@ -123,23 +114,20 @@ TEST_F(StockPanelScreen, RatesStandAgainstTheInquirysBaseOrThePackets) {
 TEST_F(StockPanelScreen, RefusesRangesAndLengthsThatDoNotFit) {
     Open("003012", Blank(3, 12));
     After(Trade("1ASII"));
-    m_Terminal.Events();
+    Told();
     for (const char* range : {"005004", "000056", "055999", "-01003", "999999"}) {
-        EXPECT_EQ(m_Screen->Init(Inquiry("1BBCA", range, Blank(0, 55))), 0) << range;
+        EXPECT_EQ(Init(Inquiry("1BBCA", range, Blank(0, 55))), 0) << range;
     }
     const std::string whole = Inquiry("1BBCA", "003003", Blank(3, 3));
-    for (std::size_t length = 0; length < whole.size(); ++length) {
-        EXPECT_EQ(m_Screen->Init(whole.substr(0, length)), 0) << length;
-    }
-    EXPECT_EQ(m_Screen->Init(whole + " "), 0);
-    EXPECT_EQ(m_Terminal.Events(), Events{});
-    EXPECT_EQ(m_Screen->Init(whole), 1);
-    EXPECT_EQ(m_Terminal.Events(),
-              (Events{Added('1', "1BBCA", "a0000000"), Deleted('1', "1ASII", "a0000000")}));
+    m_Screen->RefusesEveryCutOf(whole);
+    EXPECT_EQ(Init(whole + " "), 0);
+    EXPECT_EQ(Told(), Events{});
+    EXPECT_EQ(Init(whole), 1);
+    EXPECT_EQ(Told(), (Events{Added('1', "1BBCA", "a0000000"), Deleted('1', "1ASII", "a0000000")}));
     EXPECT_EQ(After(Trade("1BBCA").Price(7)), "P11 " + Right("7", 12));
     m_Screen->Release();
     m_Screen->Unregister();
-    EXPECT_EQ(m_Terminal.Events(), (Events{"view", Deleted('1', "1BBCA", "a0000000")}));
+    EXPECT_EQ(Told(), (Events{"view", Deleted('1', "1BBCA", "a0000000")}));
 }
 
 }  // namespace

@@ -2,45 +2,31 @@
 #ifndef TICKMUX_TESTS_DECODERS_ORDERS_FIXTURE_H
 #define TICKMUX_TESTS_DECODERS_ORDERS_FIXTURE_H
 
-#include <gtest/gtest.h>
-
-#include <utility>
-
 #include "tests/support/orders.h"
 #include "tests/support/terminal.h"
 
-class OrderScreen : public testing::Test {
+class OrderScreen : public ScreenTest {
 protected:
-    explicit OrderScreen(std::string map) : m_Map(std::move(map)) { tickhost_set_text("UserID", kUser); }
+    explicit OrderScreen(const std::string& map) : ScreenTest(map) { tickhost_set_text("UserID", kUser); }
 
-    void Open(const std::string& init) { m_Screen = m_Terminal.Open(m_Map, init); }
-    void Feed(const Notice& notice) { m_Terminal.Feed(notice); }
-    void EndBatch() { m_Terminal.EndBatch(); }
     void Expect(const std::string& message) {
         EXPECT_TRUE((ShowsRows<OrderMessage, OrderRow>(m_Screen->Next(), message)));
     }
+    void ExpectNew(const std::string& row) { Expect(Message("U  -12", {row})); }
+    void ExpectChanged(const Rows& rows) {
+        EndBatch();
+        Expect(Message("U  -13", rows));
+    }
+    void ExpectDeleted(int place, const Rows& changed = {}) {
+        Expect(Message("D" + Right(std::to_string(place), 4) + "3", changed));
+    }
     // Messages that are not what the test is about.
     void Skip() {
-        EndBatch();
-        while (!m_Screen->Empty()) {
+        while (!Silent()) {
             m_Screen->Next();
         }
         Told();
     }
-    bool Silent() {
-        EndBatch();
-        return m_Screen->Empty();
-    }
-    std::vector<std::string> Told() {
-        tickhost_pump_messages();
-        return m_Terminal.Events();
-    }
-
-    Terminal m_Terminal;
-    std::unique_ptr<Screen> m_Screen;
-
-private:
-    std::string m_Map;
 };
 
 #endif

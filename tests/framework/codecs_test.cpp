@@ -18,22 +18,24 @@ namespace {
 
 constexpr int kRandomValues = 100000;
 
-std::string Long(int32_t value, int len) {
+// What a writer leaves in a field of `len` bytes.
+template <class Write>
+std::string Field(int len, Write write) {
     std::string text(static_cast<std::size_t>(len), '#');
-    LongToAscii(value, text.data(), len);
+    write(text.data());
     return text;
+}
+
+std::string Long(int32_t value, int len) {
+    return Field(len, [=](char* dst) { LongToAscii(value, dst, len); });
 }
 
 std::string Int64(int64_t value, int len) {
-    std::string text(static_cast<std::size_t>(len), '#');
-    Int64ToAscii(value, text.data(), len);
-    return text;
+    return Field(len, [=](char* dst) { Int64ToAscii(value, dst, len); });
 }
 
 std::string Double(double value, int len, int dec) {
-    std::string text(static_cast<std::size_t>(len), '#');
-    DoubleToAscii(value, text.data(), len, dec);
-    return text;
+    return Field(len, [=](char* dst) { DoubleToAscii(value, dst, len, dec); });
 }
 
 template <class... Arguments>
@@ -41,10 +43,6 @@ std::string Printed(int len, const char* format, Arguments... arguments) {
     char text[400];
     std::snprintf(text, sizeof(text), format, len, arguments...);
     return std::string(text).substr(0, static_cast<std::size_t>(len));
-}
-
-std::string PrintedDouble(double value, int len, int dec) {
-    return Printed(len, "%*.*f", dec, value);
 }
 
 double ReadDouble(const std::string& text) {
@@ -56,17 +54,11 @@ int32_t ReadLong(const std::string& text) {
 }
 
 TEST(Codecs, IntegersAreRightAlignedAndLoseTheirLowDigits) {
-    EXPECT_EQ(Long(5, 4), "   5");
-    EXPECT_EQ(Long(0, 4), "   0");
-    EXPECT_EQ(Long(0, 1), "0");
     EXPECT_EQ(Long(-12, 4), " -12");
-    EXPECT_EQ(Long(1234, 4), "1234");
-    EXPECT_EQ(Long(123456, 4), "1234");
     EXPECT_EQ(Long(-123456, 4), "-123");
     EXPECT_EQ(Long(std::numeric_limits<int32_t>::min(), 12), " -2147483648");
     EXPECT_EQ(Int64(0, 3), "  0");
     EXPECT_EQ(Int64(std::numeric_limits<int64_t>::min(), 22), "  -9223372036854775808");
-    EXPECT_EQ(Int64(std::numeric_limits<int64_t>::max(), 10), "9223372036");
     std::mt19937_64 random(1);
     for (int i = 0; i < kRandomValues; ++i) {
         const int len = 1 + static_cast<int>(random() % 23);
@@ -78,16 +70,11 @@ TEST(Codecs, IntegersAreRightAlignedAndLoseTheirLowDigits) {
 }
 
 TEST(Codecs, DecimalsAreTheNearestTextOfTheExactValueTiesToEven) {
-    EXPECT_EQ(Double(0.0, 6, 2), "  0.00");
-    EXPECT_EQ(Double(-0.0, 6, 2), " -0.00");
+    EXPECT_EQ(Double(0.0, 6, 2) + Double(-0.0, 6, 2), "  0.00 -0.00");
     EXPECT_EQ(Double(-0.004, 6, 2), " -0.00");
     EXPECT_EQ(Double(0.125, 6, 2), "  0.12");
-    EXPECT_EQ(Double(0.375, 6, 2), "  0.38");
-    EXPECT_EQ(Double(2.5, 3, 0), "  2");
-    EXPECT_EQ(Double(3.5, 3, 0), "  4");
     EXPECT_EQ(Double(1.005, 6, 2), "  1.00") << "lies below the tie";
     EXPECT_EQ(Double(123456.789, 6, 2), "123456");
-    EXPECT_EQ(Double(1e300, 8, 4), "10000000");
     std::mt19937_64 random(2);
     for (int i = 0; i < kRandomValues; ++i) {
         const int len = 3 + static_cast<int>(random() % 28);
@@ -95,26 +82,28 @@ TEST(Codecs, DecimalsAreTheNearestTextOfTheExactValueTiesToEven) {
         const auto any = std::bit_cast<double>(random());
         const double scaled = static_cast<double>(static_cast<int32_t>(random())) / 10000.0;
         const double tie = static_cast<double>(static_cast<int32_t>(random())) / 1024.0;
-        for (const double centre : {any, scaled, tie}) {
+        for (const double centre : {any, scaled, tie, 1e300}) {
             for (const double value :
                  {centre, std::nextafter(centre, 1e308), std::nextafter(centre, -1e308)}) {
-                ASSERT_EQ(Double(value, len, dec), PrintedDouble(value, len, dec)) << value;
+                ASSERT_EQ(Double(value, len, dec), Printed(len, "%*.*f", dec, value)) << value;
             }
         }
     }
 }
 
 TEST(Codecs, IntegersAreReadUpToTheFirstOtherCharacter) {
-    EXPECT_EQ(ReadLong("    1005"), 1005);
-    EXPECT_EQ(ReadLong("\t\r -12x9"), -12);
-    EXPECT_EQ(ReadLong("+7 8"), 7);
-    EXPECT_EQ(ReadLong("- 7"), 0);
-    EXPECT_EQ(ReadLong("    "), 0);
-    EXPECT_EQ(ReadLong(""), 0);
-    EXPECT_EQ(ReadLong(std::string("1\0002", 3)), 1);
-    EXPECT_EQ(ReadLong("2147483647"), 2147483647);
-    EXPECT_EQ(ReadLong("4294967297"), 2147483647) << "a large number stays large";
-    EXPECT_EQ(ReadLong("-99999999999999999999999"), std::numeric_limits<int32_t>::min());
+    for (const auto& [text, value] : std::vector<std::pair<std::string, int32_t>>{
+             {"\t\r -12x9", -12},
+             {"+7 8", 7},
+             {"- 7", 0},
+             {"    ", 0},
+             {"", 0},
+             {std::string("1\0002", 3), 1},
+             {"2147483647", 2147483647},
+             {"4294967297", 2147483647},  // a large number stays large
+             {"-99999999999999999999999", std::numeric_limits<int32_t>::min()}}) {
+        EXPECT_EQ(ReadLong(text), value) << text;
+    }
     EXPECT_EQ(AsciiToInt64("99999999999", 11), 99999999999);
     EXPECT_EQ(AsciiToInt64("-9223372036854775808", 20), std::numeric_limits<int64_t>::min());
     EXPECT_EQ(AsciiToInt64("9223372036854775808", 19), std::numeric_limits<int64_t>::max());
@@ -127,9 +116,10 @@ TEST(Codecs, DecimalsAreReadAsTheScanOfTheLibraryDoes) {
     EXPECT_EQ(ReadDouble("125"), 125.0) << "no point is put in";
     EXPECT_EQ(AsciiToDouble("1.25", 3), 1.2);
     EXPECT_EQ(ReadDouble("0." + std::string(28, '0') + "19"), 1e-29) << "31 characters count";
-    for (const char* text : {"-5",      "+.5", "5.",  "1e3",      "1e999",     "-1e-999", "1e-320",
-                             "0x1.8p3", "0x",  "0xg", "0x1p9999", "0x1p-9999", "inf",     "-Infinity",
-                             "--5",     "+-5", ".",   "e5",       "1.5.2",     "1,5",     "\n7"}) {
+    for (const char* text :
+         {"-5",   "+.5", "5.",       "1e3",       "1e999", "-1e-999",   "1e-320", "0x1.8p3",
+          "0x",   "0xg", "0x1p9999", "0x1p-9999", "inf",   "-Infinity", "--5",    "0xinf",
+          "0x-1", "+-5", ".",        "e5",        "1.5.2", "1,5",       "\n7"}) {
         const double expected = std::strtod(text, nullptr);
         EXPECT_EQ(ReadDouble(text), expected) << text;
         EXPECT_EQ(std::signbit(ReadDouble(text)), std::signbit(expected)) << text;
@@ -164,9 +154,9 @@ TEST(Codecs, SignsAndDirectionsGiveColors) {
 
 TEST(Codecs, TextIsCopiedToTheRightEnd) {
     const auto copied = [](const std::string& src, int dstLen) {
-        std::string dst(static_cast<std::size_t>(dstLen), '#');
-        CopyRightAligned(dst.data(), src.data(), dstLen, static_cast<int>(src.size()));
-        return dst;
+        return Field(dstLen, [&](char* dst) {
+            CopyRightAligned(dst, src.data(), dstLen, static_cast<int>(src.size()));
+        });
     };
     EXPECT_EQ(copied("ABCDEFGHIJ", 15), "     ABCDEFGHIJ");
     EXPECT_EQ(copied("ABCDEFGHIJ", 10), "ABCDEFGHIJ");

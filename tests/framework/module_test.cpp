@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <thread>
@@ -14,10 +15,12 @@ extern "C" int CHostRound(HWND window);
 
 namespace {
 
-using Events = std::vector<std::string>;
+class Module : public ScreenTest {
+protected:
+    Module() : ScreenTest("RSTICK11_R") {}
+};
 
-TEST(Module, KnowsItsMapsByTheirExactNames) {
-    const Terminal terminal;
+TEST_F(Module, KnowsItsMapsByTheirExactNames) {
     for (const char* name : {"", "RSTICK11", "rstick11_r", "RSTICK11_R ", "RNOTHING_R"}) {
         EXPECT_EQ(RegistMap(nullptr, name), 0U) << name;
     }
@@ -30,7 +33,7 @@ TEST(Module, KnowsItsMapsByTheirExactNames) {
     }
 }
 
-TEST(Module, HandleZeroIsNone) {
+TEST_F(Module, HandleZeroIsNone) {
     EXPECT_THROW(InitMap(0, nullptr), CInvalidArgException*);
     EXPECT_THROW(GetPacketDecoderInst(0), CInvalidArgException*);
     EXPECT_EQ(StopMap(0), 0);
@@ -38,68 +41,54 @@ TEST(Module, HandleZeroIsNone) {
     EXPECT_EQ(UnregistMap(0), -1);
 }
 
-TEST(Module, PublicHeaderServesAHostInC) {
-    Terminal terminal;
+TEST_F(Module, PublicHeaderServesAHostInC) {
     EXPECT_EQ(CHostRound(tickhost_create_window(nullptr, nullptr)), 1);
 }
 
-TEST(Module, DropsPacketsOfOtherLengthsAndTypes) {
-    Terminal terminal;
-    auto screen = terminal.Open("RSTICK11_R", TickInquiry("1ASII"));
+TEST_F(Module, DropsPacketsOfOtherLengthsAndTypes) {
+    Open(TickInquiry("1ASII"));
     const std::string packet = Trade("1ASII").Bytes();
     for (const std::string& wrong :
          {packet + " ", packet.substr(0, packet.size() - 1), std::string("A"), ' ' + packet.substr(1),
           '{' + packet.substr(1), 'B' + packet.substr(1), '\xC1' + packet.substr(1), std::string("\0", 1)}) {
-        EXPECT_EQ(terminal.Feed(wrong), 1);
+        EXPECT_EQ(m_Terminal.Feed(wrong), 1);
     }
     EXPECT_EQ(PutRTMPacketToDecoder(nullptr, 0), 1);
-    terminal.EndBatch();
-    EXPECT_TRUE(screen->Empty());
-    terminal.Feed(packet);
-    terminal.EndBatch();
-    EXPECT_FALSE(screen->Next().empty());
+    EXPECT_TRUE(Silent());
+    EXPECT_NE(After(packet), "nothing");
 }
 
-TEST(Module, OnlyActiveDecodersGetPackets) {
-    Terminal terminal;
-    EXPECT_EQ(terminal.Feed(Trade("1ASII")), 1) << "nobody takes the type";
-    terminal.EndBatch();
-    auto screen = terminal.Open("RSTICK11_R");
-    const auto oneBatch = [&] {
-        terminal.Feed(Trade("1ASII"));
-        terminal.EndBatch();
-        const bool received = !screen->Empty();
-        return received && !screen->Next().empty();
-    };
-    EXPECT_FALSE(oneBatch()) << "before Init";
-    EXPECT_EQ(screen->Init(TickInquiry("1ASII")), 1);
-    EXPECT_TRUE(oneBatch());
-    EXPECT_EQ(screen->Stop(), 1);
-    EXPECT_FALSE(oneBatch()) << "stopped";
-    EXPECT_EQ(screen->Init("T1"), 0);
-    EXPECT_FALSE(oneBatch()) << "a refused Init";
-    EXPECT_EQ(screen->Init(TickInquiry("1ASII")), 1);
-    EXPECT_TRUE(oneBatch()) << "taken up again";
-    EXPECT_EQ(screen->Release(), 1);
-    EXPECT_FALSE(oneBatch()) << "released";
-    EXPECT_EQ(InitMap(screen->Handle(), nullptr), 0);
+TEST_F(Module, OnlyActiveDecodersGetPackets) {
+    EXPECT_EQ(m_Terminal.Feed(Trade("1ASII")), 1) << "nobody takes the type";
+    EndBatch();
+    m_Screen = m_Terminal.Open("RSTICK11_R");
+    const auto receives = [&] { return After(Trade("1ASII")) != "nothing"; };
+    EXPECT_FALSE(receives()) << "before Init";
+    EXPECT_EQ(Init(TickInquiry("1ASII")), 1);
+    EXPECT_TRUE(receives());
+    EXPECT_EQ(m_Screen->Stop(), 1);
+    EXPECT_FALSE(receives()) << "stopped";
+    EXPECT_EQ(Init("T1"), 0);
+    EXPECT_FALSE(receives()) << "a refused Init";
+    EXPECT_EQ(Init(TickInquiry("1ASII")), 1);
+    EXPECT_TRUE(receives()) << "taken up again";
+    EXPECT_EQ(m_Screen->Release(), 1);
+    EXPECT_FALSE(receives()) << "released";
+    EXPECT_EQ(InitMap(m_Screen->Handle(), nullptr), 0);
 }
 
-TEST(Module, ServesMapsInOrderOfRegistrationAlsoAfterOneHasGone) {
-    Terminal terminal;
+TEST_F(Module, ServesMapsInOrderOfRegistrationAlsoAfterOneHasGone) {
     std::vector<std::unique_ptr<Screen>> screens;
     std::string order;
-    screens.reserve(5);
     while (screens.size() < 4) {
-        screens.push_back(terminal.Open("RSTICK11_R", TickInquiry("1ASII")));
+        screens.push_back(m_Terminal.Open("RSTICK11_R", TickInquiry("1ASII")));
     }
     const auto batch = [&] {
         order.clear();
         for (std::size_t i = 0; i < screens.size(); ++i) {
             screens[i]->OnNextMessage([&order, i] { order += static_cast<char>('0' + i); });
         }
-        terminal.Feed(Trade("1ASII"));
-        terminal.EndBatch();
+        Batch(Trade("1ASII"));
         return order;
     };
     EXPECT_EQ(batch(), "0123");
@@ -108,94 +97,114 @@ TEST(Module, ServesMapsInOrderOfRegistrationAlsoAfterOneHasGone) {
     screens[0]->Unregister();
     screens[3]->Unregister();
     EXPECT_EQ(batch(), "2");
-    screens.push_back(terminal.Open("RSTICK11_R", TickInquiry("1ASII")));
+    screens.push_back(m_Terminal.Open("RSTICK11_R", TickInquiry("1ASII")));
     EXPECT_EQ(batch(), "24");
 }
 
-TEST(Module, UnregisteringWithdrawsAndFreesWhatWaits) {
-    Terminal terminal;
-    auto screen = terminal.Open("RSTICK11_R", TickInquiry("1ASII"));
-    screen->StopFetching();
-    terminal.Feed(Trade("1ASII"));
-    terminal.EndBatch();
-    screen->Unregister();
-    EXPECT_EQ(terminal.Events(),
-              (Events{Added('1', "1ASII", "80000000"), "view", Deleted('1', "1ASII", "80000000")}));
-    EXPECT_FALSE(screen->Fetch()) << "a late fetch finds no queue";
-}
-
-TEST(Module, LifecycleCallsEmptyTheQueue) {
-    Terminal terminal;
-    auto screen = terminal.Open("RSTICK11_R", TickInquiry("1ASII"));
-    screen->StopFetching();
-    for (const auto& call :
-         std::vector<std::function<void()>>{[&] { screen->Stop(); }, [&] { screen->Release(); },
-                                            [&] { screen->Init(TickInquiry("1ASII")); }}) {
-        screen->Init(TickInquiry("1ASII"));
-        terminal.Feed(Trade("1ASII"));
-        terminal.EndBatch();
+TEST_F(Module, LifecycleCallsFreeWhatWaits) {
+    Open(TickInquiry("1ASII"));
+    m_Screen->StopFetching();
+    for (const auto& call : std::vector<std::function<void()>>{
+             [&] { m_Screen->Stop(); }, [&] { m_Screen->Release(); }, [&] { Init(TickInquiry("1ASII")); },
+             [&] { m_Screen->Unregister(); }}) {
+        Init(TickInquiry("1ASII"));
+        Batch(Trade("1ASII"));
+        Told();
         call();
-        EXPECT_FALSE(screen->Fetch());
+        EXPECT_FALSE(m_Screen->Fetch());
     }
+    EXPECT_EQ(Told(), Events{Deleted('1', "1ASII", "80000000")});
 }
 
-TEST(Module, AWindowThatHasGoneReceivesNothing) {
-    Terminal terminal;
-    auto list = terminal.Open("RSTICK11_R", TickInquiry("1ASII"));
-    auto fund = terminal.Open("RSETFNAV_R", NavInquiry("1FUND"));
-    terminal.Events();
-    for (Screen* screen : {list.get(), fund.get()}) {
+TEST_F(Module, AWindowThatHasGoneReceivesNothing) {
+    Open(TickInquiry("1ASII"));
+    auto fund = m_Terminal.Open("RSETFNAV_R", NavInquiry("1FUND"));
+    Told();
+    for (Screen* screen : {m_Screen.get(), fund.get()}) {
         screen->CloseWindow();
     }
-    terminal.Feed(Trade("1ASII"));
-    terminal.Feed(Nav("1FUND").Value1("1"));
-    terminal.EndBatch();
-    EXPECT_EQ(terminal.Events(), Events{});
+    Batch(Trade("1ASII"), Nav("1FUND").Value1("1"));
+    EXPECT_EQ(Told(), Events{});
 }
 
-TEST(Module, AWindowMayFeedAndCloseBatchesWithinItsMessage) {
-    Terminal terminal;
-    auto screen = terminal.Open("RSTICK11_R", TickInquiry("1ASII"));
-    auto fund = terminal.Open("RSETFNAV_R", NavInquiry("1FUND"));
-    terminal.Events();
-    screen->OnNextMessage([&] {
-        terminal.Feed(Trade("1ASII").Price(1010));
-        terminal.Feed(Nav("1FUND").Value1("1"));
-        terminal.EndBatch();
-        terminal.Feed(Trade("1ASII").Price(1015));
+TEST_F(Module, AWindowMayFeedAndCloseBatchesWithinItsMessage) {
+    Open(TickInquiry("1ASII"));
+    auto fund = m_Terminal.Open("RSETFNAV_R", NavInquiry("1FUND"));
+    Told();
+    fund->OnNextMessage([&] { Feed(Nav("1FUND").Value1("2")); });
+    m_Screen->OnNextMessage([&] {
+        Batch(Trade("1ASII").Price(1010), Nav("1FUND").Value1("1"));
+        Feed(Trade("1ASII").Price(1015));
     });
-    terminal.Feed(Trade("1ASII").Price(1005));
-    terminal.EndBatch();
-    EXPECT_EQ(terminal.Events(), (Events{"view", "view", "view"}));
-    terminal.EndBatch();
-    EXPECT_EQ(terminal.Events(), Events{"view"}) << "the last trade waited, and nothing was sent twice";
+    Batch(Trade("1ASII").Price(1005));
+    EXPECT_EQ(Told(), Events(4, "view"));
+    EndBatch();
+    EXPECT_EQ(Told(), Events{"view"}) << "the last trade waited, and nothing was sent twice";
     for (const char* price : {"1005", "1010", "1015"}) {
-        EXPECT_NE(screen->Next().find(Right(price, 12)), std::string::npos) << price;
+        EXPECT_NE(m_Screen->Next().find(Right(price, 12)), std::string::npos) << price;
     }
 }
 
-TEST(Module, CancelNamesTheUser) {
-    Terminal terminal;
-    tickhost_set_text("HashUserID", "5f4dcc3b");
-    EXPECT_EQ(StopView(), 1);
-    EXPECT_EQ(terminal.Events(), Events{"cancel [5f4dcc3b           ]"});
-    tickhost_set_communication_manager(nullptr);
-    EXPECT_EQ(StopView(), 0);
-    auto screen = terminal.Open("RSTICK11_R", TickInquiry("1ASII"));
-    terminal.Feed(Trade("1ASII"));
-    terminal.EndBatch();
-    EXPECT_EQ(terminal.Events(), Events{"view"}) << "decoders go on as if the request had been sent";
+TEST_F(Module, TheCommunicationManagerMayCallBackFromWithinARequest) {
+    const std::string board =
+        "B1" + Block("2", "134", std::string(130, ' ') + "AAAA" + std::string(130, ' ') + "BBBB");
+    const std::string candle = std::string(8, ' ') + "090130" + std::string(52, ' ');
+    for (const auto& [map, init] : std::vector<std::pair<std::string, std::string>>{
+             {"RSTICK11_R", TickInquiry("1ASII")},
+             {"RSETFNAV_R", NavInquiry("1FUND")},
+             {"RSCAND11_R", CandleInquiry("1ASII", 'L').Row(candle)},
+             {"RSCAND11_R", CandleInquiry("1ASII", 'K').Row(candle)},
+             {"RITRDE02_R", board}}) {
+        const std::string noPeriod = CandleInquiry("1ASII", 'D');
+        for (const auto& action :
+             std::vector<std::function<void()>>{[&] { m_Screen->Stop(); }, [&] { m_Screen->Release(); },
+                                                [&] { Init(init); }, [&] { Init(noPeriod); }}) {
+            m_Screen = m_Terminal.Open(map);
+            m_Terminal.OnNextRequest(action);
+            Init(init);
+            EXPECT_EQ(Init(init), 1) << map;
+            m_Terminal.OnNextRequest(action);
+            m_Screen->Release();
+            m_Screen->Unregister();
+            // Every code that was asked for is given up again.
+            const Events told = Told();
+            const auto count = [&told](const std::string& what) {
+                return std::count_if(told.begin(), told.end(),
+                                     [&what](const std::string& event) { return event.starts_with(what); });
+            };
+            EXPECT_LE(count("add"), count("delete")) << map;
+        }
+    }
 }
 
-TEST(Module, MapGuardIsTheMutexThatTheHostNames) {
-    Terminal terminal;
+TEST_F(Module, AWindowMayStartAChartOverFromWithinItsMessage) {
+    m_Screen = m_Terminal.Open("RSCAND11_R", CandleInquiry("1ASII", 'E'));
+    m_Screen->OnNextMessage([&] { EXPECT_EQ(Init(CandleInquiry("1ASII", 'D')), 0); });
+    Feed(Bar("1ASII", "090300"));
+    EXPECT_EQ(Init(CandleInquiry("1ASII", 'E')), 1);
+    Feed(Bar("1ASII", "090300"));
+    EXPECT_FALSE(m_Screen->Empty());
+}
+
+TEST_F(Module, CancelNamesTheUser) {
+    tickhost_set_text("HashUserID", "5f4dcc3b");
+    EXPECT_EQ(StopView(), 1);
+    EXPECT_EQ(Told(), Events{"cancel [5f4dcc3b           ]"});
+    tickhost_set_communication_manager(nullptr);
+    EXPECT_EQ(StopView(), 0);
+    Open(TickInquiry("1ASII"));
+    Batch(Trade("1ASII"));
+    EXPECT_EQ(Told(), Events{"view"}) << "decoders go on as if the request had been sent";
+}
+
+TEST_F(Module, MapGuardIsTheMutexThatTheHostNames) {
     char name[] = "tickmux-test-guard-longer-than-19";
     SetMutexNameToDecoder(name);
     HANDLE mutex = CreateMutexA(nullptr, TRUE, "tickmux-test-guard-");
-    auto screen = terminal.Open("RSTICK11_R", TickInquiry("1ASII"));  // held by this thread: nests
+    Open(TickInquiry("1ASII"));  // held by this thread: nests
     std::atomic<bool> stopped = false;
     std::thread other([&] {
-        screen->Stop();
+        m_Screen->Stop();
         stopped = true;
     });
     std::this_thread::sleep_for(std::chrono::milliseconds(50));

@@ -6,7 +6,7 @@
 
 #include "host/platform.h"
 #include "host/services.h"
-#include "tests/host/scratch_folder.h"
+#include "tests/support/scratch_folder.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include "host/platform.h"
 #include "host/services.h"
 #include "host/tickhost.h"
-#include "tests/host/scratch_folder.h"
+#include "tests/support/scratch_folder.h"
 
 namespace {
 
@@ -72,7 +72,7 @@ TEST_F(Host, GivesTablesAndPassesRequestsOn) {
     CStringArray names;
     CString word;
     EXPECT_EQ(CQelData21::GetIndusData(0, "0020", codes, names), 0);
-    EXPECT_EQ(CQelData21::GetMasterData(0, word, word), nullptr);
+    EXPECT_EQ(CQelData21::GetMasterData(3, word, word), nullptr);
     const char* const given[] = {"A1", "B2", nullptr};
     tickhost_set_industry(5, 3, given, nullptr);
     EXPECT_EQ(CQelData21::GetIndusData(0, "0020", codes, names), 5);
@@ -87,7 +87,6 @@ TEST_F(Host, GivesTablesAndPassesRequestsOn) {
     ASSERT_TRUE(brokers != nullptr && brokers->size() == 2);
     EXPECT_STREQ(brokers->at("B2")->szName, "B2");
     EXPECT_STREQ(brokers->at("B2")->szMark, "");
-    EXPECT_EQ(CQelData21::GetMasterData(0, word, word), nullptr);
     tickhost_set_master(3, -1, nullptr, nullptr, nullptr);
     EXPECT_EQ(CQelData21::GetMasterData(3, word, word), nullptr);
 

@@ -203,26 +203,3 @@ TEST(Window, DestroyedFromAnotherThreadLetsItsProcedureEndAndItsSendersGo) {
     EXPECT_EQ(destroyer.get(), "8:0:0 ");
     EXPECT_EQ(screen->Taken(), "6:0:0 ");
 }
-
-// Procedures that run in two threads and each destroy the other's window: one wait would wait for the other.
-TEST(Window, TwoProceduresMayDestroyEachOther) {
-    std::promise<HWND> windows[2];
-    std::atomic<int> running = 0;
-    const auto work = [&](int own) {
-        Screen screen;
-        windows[own].set_value(screen.Window());
-        auto* const other = windows[1 - own].get_future().get();
-        screen.OnMessage = [&](uint32_t) {
-            ++running;
-            while (running != 2) {
-                std::this_thread::yield();
-            }
-            tickhost_destroy_window(other);
-        };
-        SendMessageA(screen.Window(), 1, 0, 0);
-        EXPECT_FALSE(IsWindow(screen.Window()));
-    };
-    std::thread other([&] { work(1); });
-    work(0);
-    other.join();
-}

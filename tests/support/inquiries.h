@@ -2,6 +2,7 @@
 #ifndef TICKMUX_TESTS_SUPPORT_INQUIRIES_H
 #define TICKMUX_TESTS_SUPPORT_INQUIRIES_H
 
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -9,10 +10,32 @@
 #include "layouts/RSTICK11.h"
 #include "tests/support/fields.h"
 #include "tests/support/packets.h"
+#include "tools/fields.h"
+
+using Rows = std::vector<std::string>;
+
+// A row, each figure at the right of its column; columns behind the last figure are blank.
+template <class Row>
+std::string RowOf(const std::vector<std::string>& figures) {
+    std::string text;
+    auto figure = figures.begin();
+    for (const tools::Field& field : tools::FieldsOf<Row>()) {
+        text += Right(figure == figures.end() ? "" : *figure++, field.Width);
+    }
+    return text;
+}
+
+inline std::string Joined(const Rows& rows) {
+    return std::accumulate(rows.begin(), rows.end(), std::string());
+}
 
 // A repeat block: the head, then the rows as they are.
 inline std::string Block(const std::string& count, const std::string& size, const std::string& rows = "") {
     return Right(count, 4) + Right(size, 4) + std::string(16, ' ') + rows;
+}
+
+inline std::string BlockOf(const Rows& rows, const std::string& size) {
+    return Block(std::to_string(rows.size()), size, Joined(rows));
 }
 
 // A display head that shows what passes through: every byte that no decoder writes is a dot.
@@ -26,20 +49,19 @@ class TickInquiry {
 public:
     explicit TickInquiry(const std::string& key) : m_Key(Left(key, sizeof(StockKey))) {}
     TickInquiry& Tag(const std::string& tag) { return m_Tag = tag, *this; }
-    TickInquiry& Date(const std::string& date) { return m_Dates = {date}, *this; }
-    TickInquiry& Dates(const std::vector<std::string>& dates) { return m_Dates = dates, *this; }
+    TickInquiry& Dates(const Rows& dates) { return m_Dates = dates, *this; }
     operator std::string() const {  // NOLINT(google-explicit-constructor): stands for its text
-        std::string rows;
+        Rows rows;
         for (const std::string& date : m_Dates) {
-            rows += Left(date, sizeof(TickRow));
+            rows.push_back(Left(date, sizeof(TickRow)));
         }
-        return m_Tag + m_Key + Head("..") + Block(std::to_string(m_Dates.size()), "38", rows);
+        return m_Tag + m_Key + Head("..") + BlockOf(rows, "38");
     }
 
 private:
     std::string m_Tag = "T1";
     std::string m_Key;
-    std::vector<std::string> m_Dates = {"20261120"};
+    Rows m_Dates = {"20261120"};
 };
 
 class CandleInquiry {
@@ -53,11 +75,11 @@ public:
     }
     // The newest candle, whole; a second call adds another.
     CandleInquiry& Row(const std::string& row) {
-        return m_Rows += row, m_RowSize = row.size(), ++m_RowCount, *this;
+        return m_Rows.push_back(row), m_RowSize = row.size(), *this;
     }
     operator std::string() const {  // NOLINT(google-explicit-constructor): stands for its text
         return "C1" + m_Key + m_RequestDate + "..." + m_Date + Head(m_Period + ".", m_Price, m_Quantity) +
-               Block(std::to_string(m_RowCount), std::to_string(m_RowSize), m_Rows);
+               BlockOf(m_Rows, std::to_string(m_RowSize));
     }
 
 private:
@@ -67,9 +89,8 @@ private:
     std::string m_Date = "20261120";
     std::string m_Price = "1000";
     std::string m_Quantity = "500";
-    std::string m_Rows;
+    Rows m_Rows;
     std::size_t m_RowSize = 0;
-    int m_RowCount = 0;
 };
 
 class NavInquiry {

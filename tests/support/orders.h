@@ -3,7 +3,6 @@
 #define TICKMUX_TESTS_SUPPORT_ORDERS_H
 
 #include <string>
-#include <vector>
 
 #include "layouts/Orders.h"
 #include "tests/support/fields.h"
@@ -31,9 +30,7 @@ public:
     Notice& Time(const std::string& time) { return Fill(m_Packet.Time, time), *this; }
     // NoticeKind, OrderState, OrderAction.
     Notice& Code(char kind, char state, char action) {
-        m_Packet.NoticeKind = kind;
-        m_Packet.OrderState = state;
-        m_Packet.OrderAction = action;
+        m_Packet.NoticeKind = kind, m_Packet.OrderState = state, m_Packet.OrderAction = action;
         return *this;
     }
     Notice& Result(char flag) { return m_Packet.ResultFlag = flag, *this; }
@@ -86,6 +83,7 @@ public:
         Fill(m_Row.OrderNo, orderNo);
         Ordered("100").Status("Open");
     }
+    ExpectedRow& Named(const std::string& text) { return Fill(m_Row.DisplayText, text), *this; }
     ExpectedRow& At(const std::string& time) { return Fill(m_Row.Time, time), *this; }
     ExpectedRow& Ordered(const std::string& figure) { return Fill(m_Row.OrderQty, Right(figure, 15)), *this; }
     ExpectedRow& Open(const std::string& figure) { return Fill(m_Row.UnfilledQty, Right(figure, 15)), *this; }
@@ -113,14 +111,9 @@ private:
 };
 
 // Operation, index and action: "U  -12" is an update with new rows.
-inline std::string Message(const std::string& control, const std::vector<std::string>& rows,
-                           const std::string& tag = "O1") {
-    std::string text =
-        tag + Block(std::to_string(rows.size() + 1), "171") + Left(control, sizeof(OrderControl));
-    for (const std::string& row : rows) {
-        text += row;
-    }
-    return text;
+inline std::string Message(const std::string& control, const Rows& rows) {
+    return "O1" +
+           Block(std::to_string(rows.size() + 1), "171", Left(control, sizeof(OrderControl)) + Joined(rows));
 }
 
 // Status words in code page 949.

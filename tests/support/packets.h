@@ -56,14 +56,11 @@ public:
     Trade& Value(int64_t value) { return m_Packet.Value = value, *this; }
     Trade& Change(char sign, int32_t change) { return m_Packet.Sign = sign, m_Packet.Change = change, *this; }
     Trade& Day(int32_t open, int32_t high, int32_t low) {
-        m_Packet.Open = open;
-        m_Packet.High = high;
-        m_Packet.Low = low;
+        m_Packet.Open = open, m_Packet.High = high, m_Packet.Low = low;
         return *this;
     }
     Trade& Best(int32_t side1, int32_t side2) {
-        m_Packet.Best1Price = side1;
-        m_Packet.Best2Price = side2;
+        m_Packet.Best1Price = side1, m_Packet.Best2Price = side2;
         return *this;
     }
     Trade& Totals(int32_t trades, int32_t volume, int64_t value) {
@@ -73,8 +70,7 @@ public:
     }
     Trade& Lot(int32_t size) { return m_Packet.LotSize = size, *this; }
     Trade& Brokers(char class1, char class2) {
-        m_Packet.Broker1Class = class1;
-        m_Packet.Broker2Class = class2;
+        m_Packet.Broker1Class = class1, m_Packet.Broker2Class = class2;
         return *this;
     }
 };
@@ -89,14 +85,12 @@ public:
         Side1(995, 10, 100).Side2(1005, 20, 200);
     }
     Book& Side1(int32_t price, int32_t quantity, int32_t total) {
-        m_Packet.Levels[0].Side1Price = price;
-        m_Packet.Levels[0].Side1Qty = quantity;
+        m_Packet.Levels[0].Side1Price = price, m_Packet.Levels[0].Side1Qty = quantity,
         m_Packet.Side1Total = total;
         return *this;
     }
     Book& Side2(int32_t price, int32_t quantity, int32_t total) {
-        m_Packet.Levels[0].Side2Price = price;
-        m_Packet.Levels[0].Side2Qty = quantity;
+        m_Packet.Levels[0].Side2Price = price, m_Packet.Levels[0].Side2Qty = quantity,
         m_Packet.Side2Total = total;
         return *this;
     }
@@ -111,10 +105,7 @@ public:
         Prices(1000, 1000, 1000, 1000).Volume(1);
     }
     Bar& Prices(int32_t open, int32_t high, int32_t low, int32_t close) {
-        m_Packet.Open = open;
-        m_Packet.High = high;
-        m_Packet.Low = low;
-        m_Packet.Close = close;
+        m_Packet.Open = open, m_Packet.High = high, m_Packet.Low = low, m_Packet.Close = close;
         return *this;
     }
     Bar& Volume(int32_t volume) { return m_Packet.Volume = volume, *this; }
@@ -133,10 +124,7 @@ public:
     }
     IndexUpdate& TotalValue(int64_t value) { return m_Packet.TotalValue = value, *this; }
     IndexUpdate& Counts(int32_t first, int32_t second, int32_t third, int32_t fourth, int32_t fifth) {
-        m_Packet.Count1 = first;
-        m_Packet.Count2 = second;
-        m_Packet.Count3 = third;
-        m_Packet.Count4 = fourth;
+        m_Packet.Count1 = first, m_Packet.Count2 = second, m_Packet.Count3 = third, m_Packet.Count4 = fourth,
         m_Packet.Count5 = fifth;
         return *this;
     }
@@ -146,9 +134,7 @@ public:
     IndexUpdate& TotalVolume(int32_t volume) { return m_Packet.TotalVolume = volume, *this; }
     IndexUpdate& Value(int64_t value) { return m_Packet.Value = value, *this; }
     IndexUpdate& Day(int32_t open, int32_t high, int32_t low) {
-        m_Packet.Open = open;
-        m_Packet.High = high;
-        m_Packet.Low = low;
+        m_Packet.Open = open, m_Packet.High = high, m_Packet.Low = low;
         return *this;
     }
 };

@@ -1,7 +1,5 @@
 #include "tests/support/terminal.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <sstream>
 
@@ -23,15 +21,11 @@ std::string TellRecord(const tagRTMTRSTCDINFO& record) {
 
 }  // namespace
 
-std::string Added(char chClass, const std::string& code, const std::string& flags) {
-    return std::string("add ") + chClass + " [" + Left(code, 11) + "] 11 " + flags;
+std::string Asked(const std::string& operation, char chClass, const std::string& code,
+                  const std::string& flags) {
+    const std::string length = chClass == 'A' ? "4 " : "11 ";
+    return operation + " " + chClass + " [" + Left(code, 11) + "] " + length + flags;
 }
-
-std::string Deleted(char chClass, const std::string& code, const std::string& flags) {
-    return std::string("delete ") + chClass + " [" + Left(code, 11) + "] 11 " + flags;
-}
-
-// ------------------------------------------------------------------ Screen
 
 Screen::Screen(Terminal& terminal, const std::string& mapName)
     : m_Terminal(terminal),
@@ -55,6 +49,12 @@ int Screen::Init(const std::string& text) {
     const std::unique_ptr<char[]> block(new char[text.size() + 1]);
     std::memcpy(block.get(), text.c_str(), text.size() + 1);
     return InitMap(m_Handle, block.get());
+}
+
+void Screen::RefusesEveryCutOf(const std::string& text) {
+    for (std::size_t length = 0; length < text.size(); ++length) {
+        EXPECT_EQ(Init(text.substr(0, length)), 0) << length;
+    }
 }
 
 std::string Screen::Next() {
@@ -98,12 +98,8 @@ intptr_t Screen::Procedure(void* context, HWND /*window*/, uint32_t message, uin
 }
 
 void Screen::Act() {
-    if (m_OnMessage) {
-        std::exchange(m_OnMessage, nullptr)();
-    }
+    std::exchange(m_OnMessage, [] {})();
 }
-
-// ------------------------------------------------------------------ Terminal
 
 Terminal::Terminal() : m_hManager(tickhost_create_window(&Procedure, this)) {
     tickhost_set_communication_manager(m_hManager);
@@ -131,7 +127,7 @@ int Terminal::Feed(const std::string& packet) {
     return PutRTMPacketToDecoder(block.get(), static_cast<int>(packet.size()));
 }
 
-std::vector<std::string> Terminal::Events() {
+Events Terminal::Events() {
     return std::exchange(m_Events, {});
 }
 
@@ -142,6 +138,8 @@ intptr_t Terminal::Procedure(void* context, HWND /*window*/, uint32_t message, u
     const auto& data = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
     EXPECT_EQ(data.dwData, static_cast<uintptr_t>(TICKMUX_COPYDATA_SUBSCRIPTION));
     EXPECT_EQ(data.cbData, sizeof(tagRTMTRSTCDINFO));
-    static_cast<Terminal*>(context)->Happened(TellRecord(*static_cast<const tagRTMTRSTCDINFO*>(data.lpData)));
+    auto& terminal = *static_cast<Terminal*>(context);
+    terminal.Happened(TellRecord(*static_cast<const tagRTMTRSTCDINFO*>(data.lpData)));
+    std::exchange(terminal.m_OnRequest, [] {})();
     return 0;
 }

@@ -3,15 +3,20 @@
 #ifndef TICKMUX_TESTS_SUPPORT_TERMINAL_H
 #define TICKMUX_TESTS_SUPPORT_TERMINAL_H
 
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "framework/tickmux.h"
 #include "host/tickhost.h"
 #include "tests/support/packets.h"
+
+using Events = std::vector<std::string>;
 
 class Terminal;
 
@@ -27,6 +32,7 @@ public:
     HWND Window() const { return m_hWnd; }
 
     int Init(const std::string& text);
+    void RefusesEveryCutOf(const std::string& text);
     int Stop() const { return StopMap(m_Handle); }
     int Release() const { return ReleaseMap(m_Handle); }
     void Unregister();
@@ -54,7 +60,7 @@ private:
     tickmux_handle m_Handle;
     void* m_pQueue = nullptr;
     bool m_bFetching = true;
-    std::function<void()> m_OnMessage;
+    std::function<void()> m_OnMessage = [] {};
     std::deque<std::string> m_Buffers;
 };
 
@@ -79,19 +85,62 @@ public:
 
     // What has happened since the last call: "add 1 [1ASII      ] 11 80000000", "delete ...", "cancel [...]",
     // "view" for each message 2244, "list" for each 2248.
-    std::vector<std::string> Events();
+    ::Events Events();
     void Happened(const std::string& event) { m_Events.push_back(event); }
+    // Runs within the next subscription request, once.
+    void OnNextRequest(std::function<void()> action) { m_OnRequest = std::move(action); }
 
 private:
     static intptr_t Procedure(void* context, HWND window, uint32_t message, uintptr_t wParam,
                               intptr_t lParam);
 
     HWND m_hManager;
-    std::vector<std::string> m_Events;
+    std::function<void()> m_OnRequest = [] {};
+    ::Events m_Events;
+};
+
+// Tests of one map, on one screen of it.
+class ScreenTest : public testing::Test {
+protected:
+    explicit ScreenTest(std::string map) : m_Map(std::move(map)) {}
+
+    void Open(const std::string& init) { m_Screen = m_Terminal.Open(m_Map, init); }
+    int Init(const std::string& text) { return m_Screen->Init(text); }
+    template <class... Packets>
+    void Feed(const Packets&... packets) {
+        (m_Terminal.Feed(packets), ...);
+    }
+    template <class... Packets>
+    void Batch(const Packets&... packets) {
+        Feed(packets...);
+        EndBatch();
+    }
+    virtual void EndBatch() { m_Terminal.EndBatch(); }
+    bool Silent() { return EndBatch(), m_Screen->Empty(); }
+    // What the packet makes the batch end send.
+    template <class Packet>
+    std::string After(const Packet& packet) {
+        Feed(packet);
+        return Silent() ? "nothing" : m_Screen->Next();
+    }
+    // As Terminal::Events, with what the window was posted.
+    Events Told() { return tickhost_pump_messages(), m_Terminal.Events(); }
+
+    Terminal m_Terminal;
+    std::unique_ptr<Screen> m_Screen;
+
+private:
+    std::string m_Map;
 };
 
 // As Terminal::Events tells a request.
-std::string Added(char chClass, const std::string& code, const std::string& flags);
-std::string Deleted(char chClass, const std::string& code, const std::string& flags);
+std::string Asked(const std::string& operation, char chClass, const std::string& code,
+                  const std::string& flags);
+inline std::string Added(char chClass, const std::string& code, const std::string& flags) {
+    return Asked("add", chClass, code, flags);
+}
+inline std::string Deleted(char chClass, const std::string& code, const std::string& flags) {
+    return Asked("delete", chClass, code, flags);
+}
 
 #endif

@@ -1,6 +1,6 @@
-// scratch_folder.h - a folder of the test's own, that goes with it.
-#ifndef TICKMUX_TESTS_HOST_SCRATCH_FOLDER_H
-#define TICKMUX_TESTS_HOST_SCRATCH_FOLDER_H
+// A folder of the test's own, that goes with it.
+#ifndef TICKMUX_TESTS_SUPPORT_SCRATCH_FOLDER_H
+#define TICKMUX_TESTS_SUPPORT_SCRATCH_FOLDER_H
 
 #include <unistd.h>
 
