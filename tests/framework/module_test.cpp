@@ -149,12 +149,14 @@ TEST_F(Module, TheCommunicationManagerMayCallBackFromWithinARequest) {
     const std::string board =
         "B1" + Block("2", "134", std::string(130, ' ') + "AAAA" + std::string(130, ' ') + "BBBB");
     const std::string candle = std::string(8, ' ') + "090130" + std::string(52, ' ');
-    for (const auto& [map, init] : std::vector<std::pair<std::string, std::string>>{
+    for (const auto& screen : std::vector<std::pair<std::string, std::string>>{
              {"RSTICK11_R", TickInquiry("1ASII")},
              {"RSETFNAV_R", NavInquiry("1FUND")},
              {"RSCAND11_R", CandleInquiry("1ASII", 'L').Row(candle)},
              {"RSCAND11_R", CandleInquiry("1ASII", 'K').Row(candle)},
              {"RITRDE02_R", board}}) {
+        const auto& map = screen.first;
+        const auto& init = screen.second;
         const std::string noPeriod = CandleInquiry("1ASII", 'D');
         for (const auto& action :
              std::vector<std::function<void()>>{[&] { m_Screen->Stop(); }, [&] { m_Screen->Release(); },
