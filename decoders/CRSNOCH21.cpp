@@ -85,33 +85,6 @@ void CRSNOCH21::ApplyAcceptance(const OrderEvent& event) {
     }
 }
 
-// Refused notices are dropped before.
-void CRSNOCH21::ApplyRefusal(const OrderEvent& /*event*/) {}
-
-bool CRSNOCH21::ApplyEvent(const OrderEvent& event) {
-    OrderEntry* own = FindRow(event.Number);
-    if (own == nullptr) {
-        return ApplyWithoutRow(event);
-    }
-    switch (event.EventCode) {
-        case '1':
-            Fill(*own, event);
-            break;
-        case '2':
-            ConfirmAmendment(*own, event);
-            break;
-        case '3':
-            ConfirmCancellation(*own, event);
-            break;
-        case '5':
-            RemoveRow(*own);
-            break;
-        default:
-            break;
-    }
-    return true;
-}
-
 // A confirmation before its acceptance: the parent goes at once, the event waits.
 bool CRSNOCH21::ApplyWithoutRow(const OrderEvent& event) {
     if (event.EventCode == '2' || event.EventCode == '3') {
@@ -160,6 +133,10 @@ void CRSNOCH21::ConfirmCancellation(OrderEntry& own, const OrderEvent& event) {
     }
     RemoveRow(own);
     RemoveIfNothingOpen(event.ParentNumber);
+}
+
+void CRSNOCH21::Close(OrderEntry& own) {
+    RemoveRow(own);
 }
 
 void CRSNOCH21::RemoveRow(OrderEntry& entry) {

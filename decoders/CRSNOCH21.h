@@ -22,14 +22,14 @@ private:
     int OnOrderPacket(const OrderPacket& notice);
 
     void ApplyAcceptance(const OrderEvent& event) override;
-    void ApplyRefusal(const OrderEvent& event) override;
-    bool ApplyEvent(const OrderEvent& event) override;
     void WriteLog(ViewBuffer& message) override;
 
-    bool ApplyWithoutRow(const OrderEvent& event);
-    void Fill(OrderEntry& own, const OrderEvent& event);
-    void ConfirmAmendment(OrderEntry& own, const OrderEvent& event);
-    void ConfirmCancellation(OrderEntry& own, const OrderEvent& event);
+    bool ApplyWithoutRow(const OrderEvent& event) override;
+    void Fill(OrderEntry& own, const OrderEvent& event) override;
+    void ConfirmAmendment(OrderEntry& own, const OrderEvent& event) override;
+    void ConfirmCancellation(OrderEntry& own, const OrderEvent& event) override;
+    void Close(OrderEntry& own) override;
+
     void RemoveRow(OrderEntry& entry);
     void RemoveIfNothingOpen(int32_t number);
 

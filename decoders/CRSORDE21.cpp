@@ -88,30 +88,13 @@ void CRSORDE21::ApplyRefusal(const OrderEvent& event) {
     Touch(*own);
 }
 
+// Whatever a notice does, its row takes its board.
 bool CRSORDE21::ApplyEvent(const OrderEvent& event) {
-    OrderEntry* own = FindRow(event.Number);
-    if (own == nullptr) {
-        return ApplyWithoutRow(event);
+    if (OrderEntry* own = FindRow(event.Number)) {
+        own->Row.BoardFlag = event.Columns.BoardFlag;
+        Put(own->Row.BoardName, event.Columns.BoardName);
     }
-    own->Row.BoardFlag = event.Columns.BoardFlag;
-    Put(own->Row.BoardName, event.Columns.BoardName);
-    switch (event.EventCode) {
-        case '1':
-            Fill(*own, event);
-            break;
-        case '2':
-            ConfirmAmendment(*own, event);
-            break;
-        case '3':
-            ConfirmCancellation(*own, event);
-            break;
-        case '5':
-            Close(*own);
-            break;
-        default:
-            break;
-    }
-    return true;
+    return AnsweredOrders::ApplyEvent(event);
 }
 
 // A confirmation before its acceptance: the parent closes at once, the event waits.

@@ -24,11 +24,11 @@ private:
     void ApplyRefusal(const OrderEvent& event) override;
     bool ApplyEvent(const OrderEvent& event) override;
 
-    bool ApplyWithoutRow(const OrderEvent& event);
-    void Fill(OrderEntry& own, const OrderEvent& event);
-    void ConfirmAmendment(OrderEntry& own, const OrderEvent& event);
-    void ConfirmCancellation(OrderEntry& own, const OrderEvent& event);
-    void Close(OrderEntry& own);
+    bool ApplyWithoutRow(const OrderEvent& event) override;
+    void Fill(OrderEntry& own, const OrderEvent& event) override;
+    void ConfirmAmendment(OrderEntry& own, const OrderEvent& event) override;
+    void ConfirmCancellation(OrderEntry& own, const OrderEvent& event) override;
+    void Close(OrderEntry& own) override;
 
     char m_UserField[sizeof(OrderListInit::UserField)] = {};
     RepeatFilter m_Repeats;

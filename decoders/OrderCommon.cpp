@@ -232,6 +232,30 @@ int AnsweredOrders::TakeNotice(const OrderPacket& notice, std::span<const Notice
     return 1;
 }
 
+bool AnsweredOrders::ApplyEvent(const OrderEvent& event) {
+    OrderEntry* own = FindRow(event.Number);
+    if (own == nullptr) {
+        return ApplyWithoutRow(event);
+    }
+    switch (event.EventCode) {
+        case '1':
+            Fill(*own, event);
+            break;
+        case '2':
+            ConfirmAmendment(*own, event);
+            break;
+        case '3':
+            ConfirmCancellation(*own, event);
+            break;
+        case '5':
+            Close(*own);
+            break;
+        default:
+            break;
+    }
+    return true;
+}
+
 void AnsweredOrders::InsertRow(const OrderEvent& event, Stage stage) {
     OrderEntry* entry = m_Rows.InsertTop(event.Columns);
     if (entry == nullptr) {

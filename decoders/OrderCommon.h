@@ -151,7 +151,17 @@ protected:
     int TakeNotice(const OrderPacket& notice, std::span<const NoticeRoute> own);
 
     virtual void ApplyAcceptance(const OrderEvent& event) = 0;
-    virtual void ApplyRefusal(const OrderEvent& event) = 0;
+    virtual void ApplyRefusal(const OrderEvent& /*event*/) {}
+    bool ApplyEvent(const OrderEvent& event) override;
+
+    // What an event does, by its code: to the rows when it has none of its own, else to its own row and
+    // perhaps the parent's. ApplyWithoutRow gives what ApplyEvent gives.
+    virtual bool ApplyWithoutRow(const OrderEvent& event) = 0;
+    virtual void Fill(OrderEntry& own, const OrderEvent& event) = 0;
+    virtual void ConfirmAmendment(OrderEntry& own, const OrderEvent& event) = 0;
+    virtual void ConfirmCancellation(OrderEntry& own, const OrderEvent& event) = 0;
+    virtual void Close(OrderEntry& own) = 0;
+
     virtual void WriteLog(ViewBuffer& /*message*/) {}
 
     // The event's row, "Open" if it comes with the confirmation.

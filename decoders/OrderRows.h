@@ -45,7 +45,6 @@ private:
 
 class OrderRows {
 public:
-    int Size() const { return m_nRows; }
     void Clear();
 
     // A copy of the row at the top, without a mark. Null: memory failed, nothing changed.
@@ -78,7 +77,6 @@ public:
     // ---- shown rows: those that the view has, where a filter decides it
     void SetShown(OrderEntry* entry, bool shown);
     static bool IsShown(const OrderEntry* entry) { return entry->Row.ShownMark == kShown; }
-    int CountShown() const { return m_nShown; }
     // How many shown rows stand above.
     int ShownAbove(const OrderEntry* entry) const { return m_nShown - m_Shown.Below(entry->Rank + 1); }
 
