@@ -97,7 +97,7 @@ int CRSTRDE01::OnBookPacket(const BookPacket& book) {
     if (Range().Last < Field::Best2Price || !Follows(book.Key)) {
         return 0;
     }
-    const BookLevel& best = book.Levels[0];
+    const PacketLevel& best = book.Levels[0];
     PutBest(best.Side1Price, best.Side2Price);
     Put(Value<Field::Best1Qty>(), best.Side1Qty);
     Put(Value<Field::Best2Qty>(), best.Side2Qty);

@@ -51,13 +51,13 @@ static_assert(offsetof(TradePacket, Time) == 12 && offsetof(TradePacket, TradeRe
               offsetof(TradePacket, LotSize) == 96);
 
 // Ten price levels on each side of a stock's book.
-struct BookLevel {
+struct PacketLevel {
     Little<int32_t> Side1Price;
     Little<int32_t> Side1Qty;
     Little<int32_t> Side2Price;
     Little<int32_t> Side2Qty;
 };
-static_assert(sizeof(BookLevel) == 16);
+static_assert(sizeof(PacketLevel) == 16);
 
 struct BookPacket {
     static constexpr char kType = 'B';
@@ -65,7 +65,7 @@ struct BookPacket {
     StockKey Key;
     char Reserved1[9];
     Little<int32_t> BasePrice;  // base of the rates
-    BookLevel Levels[10];       // best first
+    PacketLevel Levels[10];     // best first
     Little<int32_t> Side1Total;
     Little<int32_t> Side2Total;
 };

@@ -63,12 +63,12 @@ WholePacket<BookPacket> MakeBook(const Book& book) {
     FillBlank(packet);
     packet.Key = KeyOf(book.Of->Code);
     packet.BasePrice = book.Of->Base;
-    static_assert(sizeof(packet.Levels) == kBookLevels * sizeof(BookLevel));
+    static_assert(sizeof(packet.Levels) == kBookLevels * sizeof(PacketLevel));
     const auto levelOf = [](const BookSide& side, std::size_t number) {
         return number < side.Levels.size() ? side.Levels[number] : PriceLevel{0, 0};
     };
     for (std::size_t number = 0; number < kBookLevels; ++number) {
-        BookLevel& level = packet.Levels[number];
+        PacketLevel& level = packet.Levels[number];
         const PriceLevel below = levelOf(book.Below, number);
         const PriceLevel above = levelOf(book.Above, number);
         level.Side1Price = below.Price;
