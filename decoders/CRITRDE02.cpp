@@ -1,22 +1,11 @@
 #include "decoders/CRITRDE02.h"
 
-#include <cstring>
-#include <new>
-#include <utility>
-
 #include "framework/change_rate.h"
 #include "framework/codecs.h"
 #include "framework/init_reader.h"
 #include "framework/wrap.h"
 
 namespace {
-
-int32_t NumberOf(const IndexKey& key) {
-    int32_t number = 0;
-    static_assert(sizeof(number) == sizeof(key));
-    std::memcpy(&number, &key, sizeof(number));
-    return number;
-}
 
 void PutFigures(IndexBoardRow& row, const IndexPacket& index) {
     const int direction = SignToColor(nullptr, index.Sign);
@@ -45,15 +34,14 @@ void PutFigures(IndexBoardRow& row, const IndexPacket& index) {
 CRITRDE02::CRITRDE02(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRITRDE02::OnIndexPacket>) {}
 
 CRITRDE02::~CRITRDE02() {
-    GiveUp();
+    m_Board.GiveUp();
 }
 
 int CRITRDE02::Init(const char* buffer) {
     CRTMPacketDecoder::Init(buffer);
+    m_Board.Close();
     InitReader in(buffer);
-    m_Tag = in.Tag();
-    m_ByKey.Clear();  // until this has succeeded no packet finds a row
-    m_nDirty = 0;
+    m_Front.Tag = in.Tag();
     RepeatHead head;
     if (!in.Read(head)) {
         return 0;
@@ -63,80 +51,29 @@ int CRITRDE02::Init(const char* buffer) {
     if (rows < 1 || ToLong(head.Size) != kRowSize || in.Remain() != rows * kRowSize) {
         return 0;
     }
-    Board next;
-    next.Entries.reset(new (std::nothrow) Entry[static_cast<std::size_t>(rows)]);
-    if (next.Entries == nullptr) {
-        return 0;  // the former rows still name what is subscribed to
+    RowBoard<Kind>::Rows former;
+    if (!m_Board.Take(in, rows, former)) {
+        return 0;
     }
-    next.nRows = rows;
-    for (Entry& entry : next) {
-        in.Read(entry.Row);
-        entry.Number = NumberOf(entry.Row.Key);
-        entry.Dirty = false;
-        m_ByKey.PutLast(&entry);
-    }
-    const Board former = std::exchange(m_Board, std::move(next));
-    // The communication manager may call back and end this board, or bring another.
-    const unsigned generation = ++m_nGeneration;
-    for (int i = 0; m_nGeneration == generation && i < rows; ++i) {
-        Request::Add(m_Board.Entries[static_cast<std::size_t>(i)].Row.Key);
-    }
-    for (const Entry& entry : former) {
-        Request::Delete(entry.Row.Key);
-    }
+    m_Board.MoveFrom(former);
     return 1;
 }
 
 int CRITRDE02::OnIndexPacket(const IndexPacket& index) {
-    Entry* entry = m_ByKey.Find(NumberOf(index.Key));
-    if (entry == nullptr) {
+    const int place = m_Board.Find(index.Key);
+    if (place == m_Board.kNowhere) {
         return 0;
     }
-    PutFigures(entry->Row, index);
-    m_nDirty += entry->Dirty ? 0 : 1;
-    entry->Dirty = true;
+    PutFigures(m_Board.At(place), index);
+    m_Board.Touch(place);
     return 1;
 }
 
 void CRITRDE02::EndUnpack() {
-    if (m_bChanged == 0 || m_bStopped != 0) {
-        return;
-    }
-    if (m_nDirty == 0) {
-        m_bChanged = 0;
-        return;
-    }
-    ViewBuffer buffer =
-        ViewBuffer::Blank(sizeof(PlainRows) + static_cast<std::size_t>(m_nDirty) * sizeof(IndexBoardRow));
-    if (!buffer) {
-        return;  // the next batch end tries again
-    }
-    auto& front = buffer.As<PlainRows>();
-    front.Tag = m_Tag;
-    Put(front.Repeat.Count, m_nDirty);
-    Put(front.Repeat.Size, static_cast<int32_t>(sizeof(IndexBoardRow)));
-    auto* place = reinterpret_cast<IndexBoardRow*>(buffer.Bytes() + sizeof(PlainRows));
-    for (Entry& entry : m_Board) {
-        if (std::exchange(entry.Dirty, false)) {
-            *place++ = entry.Row;
-        }
-    }
-    m_nDirty = 0;
-    m_bChanged = 0;
-    PostToView(std::move(buffer));
+    SendRows(m_Front, m_Board);
 }
 
 void CRITRDE02::Release() {
     CRTMPacketDecoder::Release();
-    GiveUp();
-}
-
-void CRITRDE02::GiveUp() {
-    m_ByKey.Clear();
-    m_nDirty = 0;
-    ++m_nGeneration;
-    const Board former = std::exchange(m_Board, {});
-    for (const Entry& entry : former) {
-        Request::Delete(entry.Row.Key);
-    }
+    m_Board.GiveUp();
 }

@@ -4,10 +4,8 @@
 #ifndef TICKMUX_DECODERS_CRITRDE02_H
 #define TICKMUX_DECODERS_CRITRDE02_H
 
-#include <memory>
-
-#include "framework/number_index.h"
 #include "framework/packet_decoder.h"
+#include "framework/row_board.h"
 #include "framework/subscription.h"
 #include "layouts/RITRDE02.h"
 
@@ -24,32 +22,18 @@ public:
     const char* GetMapName() const override { return kMapName; }
 
 private:
-    struct Entry {
-        int32_t Number;  // the key's four bytes
-        Entry* Previous;
-        Entry* Next;
-        bool Dirty;  // changed in this batch
-        IndexBoardRow Row;
+    struct Kind {
+        using Row = IndexBoardRow;
+        using Key = IndexKey;
+        using Request = Subscription<IndexKey, kIndexClass, kWantIndex>;
+        static const IndexKey& KeyOf(const Row& row) { return row.Key; }
+        static const IndexKey& CodeOf(const Row& row) { return row.Key; }
     };
-    // The rows as the inquiry gave them, top first.
-    struct Board {
-        std::unique_ptr<Entry[]> Entries;
-        int nRows = 0;
-
-        Entry* begin() const { return Entries.get(); }
-        Entry* end() const { return Entries.get() + nRows; }
-    };
-    using Request = Subscription<IndexKey, kIndexClass, kWantIndex>;
 
     int OnIndexPacket(const IndexPacket& index);
 
-    void GiveUp();
-
-    NumberIndex<Entry> m_ByKey;  // the rows that packets find; of equal keys the first
-    Board m_Board;
-    unsigned m_nGeneration = 0;  // of the board
-    int m_nDirty = 0;
-    RequestTag m_Tag{};
+    RowBoard<Kind> m_Board;
+    PlainRows m_Front{};
 };
 
 #endif

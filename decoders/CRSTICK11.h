@@ -7,6 +7,7 @@
 
 #include "framework/packet_decoder.h"
 #include "framework/subscription.h"
+#include "framework/waiting_rows.h"
 #include "layouts/RSTICK11.h"
 
 class CRSTICK11 : public CRTMPacketDecoder {

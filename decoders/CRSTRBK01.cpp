@@ -6,6 +6,7 @@
 
 #include "framework/codecs.h"
 #include "framework/init_reader.h"
+#include "framework/rows_buffer.h"
 #include "framework/wrap.h"
 
 namespace {
@@ -24,7 +25,7 @@ int CRSTRBK01::Init(const char* buffer) {
     ClearTable();
     CRTMPacketDecoder::Init(buffer);
     InitReader in(buffer);
-    m_Tag = in.Tag();
+    m_Front.Tag = in.Tag();
     PriceTableInit init;
     if (!in.Read(init)) {
         return 0;
@@ -111,15 +112,11 @@ void CRSTRBK01::EndUnpack() {
     }
     ViewBuffer buffer;
     if (!m_List.Empty()) {
-        buffer = ViewBuffer::Blank(sizeof(PlainRows) + m_List.Size() * sizeof(PriceRow));
+        buffer = RowsBuffer<PriceRow>(m_Front, m_List.Size());
         if (!buffer) {
             return;  // the next batch end tries again
         }
-        auto& front = buffer.As<PlainRows>();
-        front.Tag = m_Tag;
-        Put(front.Repeat.Count, static_cast<int32_t>(m_List.Size()));
-        Put(front.Repeat.Size, int32_t{kRowSize});
-        auto* place = reinterpret_cast<PriceRow*>(buffer.Bytes() + sizeof(PlainRows));
+        PriceRow* const place = RowsBehind<PlainRows, PriceRow>(buffer);
         for (std::size_t i = 0; i < m_List.Size(); ++i) {
             place[i] = m_List[i]->Row;
         }

@@ -41,7 +41,7 @@ private:
     Entry* InsertPrice(const TradePacket& trade);
 
     FollowedCode<StockKey, kStockClass, kWantTrades> m_Key;
-    RequestTag m_Tag{};
+    PlainRows m_Front{};
     NodePool<Entry> m_Entries;
     PlainArray<Entry*> m_List;     // highest price first, unless the inquiry had another order
     NumberIndex<Entry> m_ByPrice;  // of equal prices the first

@@ -23,6 +23,7 @@
 #include "framework/init_reader.h"
 #include "framework/packet_decoder.h"
 #include "framework/subscription.h"
+#include "framework/waiting_rows.h"
 #include "framework/wrap.h"
 #include "layouts/Candles.h"
 

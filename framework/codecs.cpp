@@ -133,7 +133,11 @@ int64_t AsciiToInt64(const char* src, int n) {
 
 double AsciiToDouble(const char* src, int n) {
     constexpr int kLongest = 31;
-    const char* const end = src + std::min(n, kLongest);
+    return TextToDouble(src, std::min(n, kLongest));
+}
+
+double TextToDouble(const char* src, int n) {
+    const char* const end = src + n;
     const char* at = SkipSpaces(src, end);
     const bool negative = at != end && *at == '-';
     if (at != end && (*at == '-' || *at == '+')) {

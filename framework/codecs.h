@@ -34,6 +34,8 @@ int64_t AsciiToInt64(const char* src, int n);
 // The number at the head of the text, in any form that strtod reads; 0.0 without one. A decimal point counts
 // only if it stands in the text. 31 characters are read at the most.
 double AsciiToDouble(const char* src, int n);
+// The same of a text of any length.
+double TextToDouble(const char* src, int n);
 
 // ---- numbers to text
 

@@ -22,6 +22,14 @@ bool InitReader::ReadBytes(void* dst, int n) {
     return true;
 }
 
+bool InitReader::ReadItems(RepeatHead& head, void* items, std::size_t room) {
+    if (!Read(head)) {
+        return false;
+    }
+    const int bytes = std::max(ToLong(head.Count), 0) * ToLong(head.Size);  // four digits each
+    return bytes >= 0 && static_cast<std::size_t>(bytes) <= room && ReadBytes(items, bytes);
+}
+
 bool InitReader::ReadRows(void* rows, int rowSize, int maxCount) {
     auto* row = static_cast<char*>(rows);
     std::memset(row, ' ', static_cast<std::size_t>(rowSize) * static_cast<std::size_t>(maxCount));

@@ -42,7 +42,17 @@ public:
         return ReadRows(rows, sizeof(Row), Max);
     }
 
+    // A repeat head and, close behind one another, the items that it announces, whatever their size: all at
+    // once into the room for them. False if the text runs short or the room does not suffice; then no item is
+    // read.
+    template <class Room>
+    bool ReadWholeBlock(RepeatHead& head, Room& items) {
+        static_assert(alignof(Room) == 1);
+        return ReadItems(head, &items, sizeof(Room));
+    }
+
 private:
+    bool ReadItems(RepeatHead& head, void* items, std::size_t room);
     bool ReadRows(void* rows, int rowSize, int maxCount);
 
     RequestTag m_Tag{};

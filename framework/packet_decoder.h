@@ -13,7 +13,6 @@
 
 #include "framework/packets.h"
 #include "framework/view_buffer.h"
-#include "framework/waiting_rows.h"
 #include "host/platform.h"
 #include "host/services.h"
 
@@ -85,9 +84,10 @@ protected:
     void NotifyListChanged();
     void PostListChanged();
 
-    // The batch end of a row list: the waiting rows leave behind `front`.
-    template <class Front, class Row>
-    void SendRows(const Front& front, WaitingRows<Row>& rows) {
+    // The batch end of a row list or a board: the rows that wait leave behind `front`. `rows` are WaitingRows
+    // or a RowBoard.
+    template <class Front, class Rows>
+    void SendRows(const Front& front, Rows& rows) {
         if (m_bChanged == 0 || m_bStopped != 0) {
             return;
         }

@@ -4,10 +4,8 @@
 
 #include <cstring>
 
-#include "framework/codecs.h"
 #include "framework/plain_array.h"
-#include "framework/shapes.h"
-#include "framework/view_buffer.h"
+#include "framework/rows_buffer.h"
 
 template <class Row>
 class WaitingRows {
@@ -28,15 +26,9 @@ public:
     // stay here.
     template <class Front>
     ViewBuffer Pack(const Front& front) const {
-        const std::size_t rowBytes = m_Rows.Size() * sizeof(Row);
-        ViewBuffer buffer = ViewBuffer::Blank(sizeof(Front) + rowBytes);
+        ViewBuffer buffer = RowsBuffer<Row>(front, m_Rows.Size());
         if (buffer) {
-            auto& packed = buffer.template As<Front>();
-            packed = front;
-            FillBlank(packed.Repeat);
-            Put(packed.Repeat.Count, static_cast<int32_t>(m_Rows.Size()));
-            Put(packed.Repeat.Size, static_cast<int32_t>(sizeof(Row)));
-            std::memcpy(buffer.Bytes() + sizeof(Front), m_Rows.Data(), rowBytes);
+            std::memcpy(RowsBehind<Front, Row>(buffer), m_Rows.Data(), m_Rows.Size() * sizeof(Row));
         }
         return buffer;
     }

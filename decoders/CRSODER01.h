@@ -1,0 +1,57 @@
+// Order book: ten price levels on each side of one stock, with the change of each quantity, and the totals.
+//
+// Takes B packets of the stock, and A packets for the mark at the current price; sends the whole image once
+// per batch that changed it. A quantity's change is told against the same price in the former book, wherever
+// that stood.
+#ifndef TICKMUX_DECODERS_CRSODER01_H
+#define TICKMUX_DECODERS_CRSODER01_H
+
+#include <array>
+
+#include "framework/packet_decoder.h"
+#include "framework/subscription.h"
+#include "layouts/RSODER01.h"
+
+class CRSODER01 : public CRTMPacketDecoder {
+public:
+    static constexpr char kMapName[] = "RSODER01_R";
+
+    explicit CRSODER01(HWND hWnd);
+    ~CRSODER01() override;
+
+    int Init(const char* buffer) override;
+    void Release() override;
+    void EndUnpack() override;
+    const char* GetMapName() const override { return kMapName; }
+
+private:
+    struct SideLevel {
+        int32_t Diff;  // change of the quantity
+        int32_t Qty;
+        double Rate;  // of the price against the base, per cent
+        int32_t Price;
+    };
+    using BookSide = std::array<SideLevel, kBookRows>;  // the totals behind the levels
+
+    int OnTradePacket(const TradePacket& trade);
+    int OnBookPacket(const BookPacket& book);
+
+    static SideLevel Parse(const BookRowSide& shown);
+    template <auto Price, auto Qty>
+    void TakeLevels(BookSide& side, const BookPacket& book) const;
+    static void TakeTotal(SideLevel& totals, int32_t total);
+
+    void PutRow(BookRow& row, const SideLevel& level1, const SideLevel& level2) const;
+    void PutPriceTags(BookRowSide& shown, int32_t price) const;
+
+    FollowedCode<StockKey, kStockClass, kWantBook> m_Key;
+    int32_t m_bUseHogaRect;  // the user wants the current price marked
+    int32_t m_nCurPrice;     // of the latest trade, or kNone
+    int32_t m_nBasePrice;    // of rates and colours, or kNone
+    BookSide m_Side1{};
+    BookSide m_Side2{};
+
+    static constexpr int32_t kNone = -1;
+};
+
+#endif
