@@ -81,8 +81,15 @@ public:
     explicit Book(const std::string& key) {
         std::memset(m_Packet.Levels, 0, sizeof(m_Packet.Levels));
         m_Packet.Key = ::Key(key);
-        m_Packet.BasePrice = 990;
-        Side1(995, 10, 100).Side2(1005, 20, 200);
+        Base(990).Side1(995, 10, 100).Side2(1005, 20, 200);
+    }
+    Book& Base(int32_t price) { return m_Packet.BasePrice = price, *this; }
+    // A further level; a total is that of the side.
+    Book& Level(std::size_t number, int32_t price1, int32_t quantity1, int32_t price2, int32_t quantity2) {
+        PacketLevel& level = m_Packet.Levels[number];
+        level.Side1Price = price1, level.Side1Qty = quantity1;
+        level.Side2Price = price2, level.Side2Qty = quantity2;
+        return *this;
     }
     Book& Side1(int32_t price, int32_t quantity, int32_t total) {
         m_Packet.Levels[0].Side1Price = price, m_Packet.Levels[0].Side1Qty = quantity,
