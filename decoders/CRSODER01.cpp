@@ -91,7 +91,7 @@ void CRSODER01::TakeLevels(BookSide& side, const BookPacket& book) const {
                                        [price](const SideLevel& level) { return level.Price == price; });
         const int32_t diff = same == levelsEnd ? quantity : WrapSubtract(quantity, same->Qty);
         const double change = static_cast<double>(price) - m_nBasePrice;
-        side[number] = {diff, quantity, BiasedRate(change, m_nBasePrice), price};
+        side[number] = {diff, quantity, MovedToZero(BiasedRate(change, m_nBasePrice, 0)), price};
     }
 }
 

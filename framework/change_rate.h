@@ -11,9 +11,8 @@ constexpr double BiasedRate(double change, double base, int direction) {
     return base == 0.0 ? 0.0 : change / base * 100.0 - kRateBias * direction;
 }
 
-// The same where no packet tells a direction: the rate's own sign does.
-constexpr double BiasedRate(double change, double base) {
-    const double rate = BiasedRate(change, base, 0);
+// The same move where no packet tells a direction: the rate's own sign does.
+constexpr double MovedToZero(double rate) {
     return rate > 0.0 ? rate - kRateBias : rate < 0.0 ? rate + kRateBias : rate;
 }
 

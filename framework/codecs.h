@@ -74,6 +74,12 @@ void Put(char (&dst)[N], const char (&src)[N]) {
     std::memcpy(dst, src, N);
 }
 
+// As CopyRightAligned.
+template <std::size_t N, std::size_t M>
+void PutRight(char (&dst)[N], const char (&src)[M]) {
+    CopyRightAligned(dst, src, N, M);
+}
+
 template <std::size_t N>
 int32_t ToLong(const char (&src)[N]) {
     return AsciiToLong(src, N);

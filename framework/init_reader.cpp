@@ -12,6 +12,10 @@ InitReader::InitReader(const char* buffer) {
     m_nRemain = static_cast<int>(length) - static_cast<int>(sizeof(m_Tag.Bytes));
 }
 
+InitReader InitReader::Untagged(const char* buffer) {
+    return {buffer, static_cast<int>(std::strlen(buffer))};
+}
+
 bool InitReader::ReadBytes(void* dst, int n) {
     if (m_nRemain < n) {
         return false;

@@ -12,6 +12,8 @@
 class InitReader {
 public:
     explicit InitReader(const char* buffer);
+    // Of a text that has no tag.
+    static InitReader Untagged(const char* buffer);
 
     // Zero bytes where the text is shorter than a tag.
     const RequestTag& Tag() const { return m_Tag; }
@@ -52,6 +54,8 @@ public:
     }
 
 private:
+    InitReader(const char* body, int length) : m_pCursor(body), m_nRemain(length) {}
+
     bool ReadItems(RepeatHead& head, void* items, std::size_t room);
     bool ReadRows(void* rows, int rowSize, int maxCount);
 

@@ -5,6 +5,17 @@
 #include "framework/codecs.h"
 #include "host/platform.h"
 
+// YYYYMMDD, with a space in front of a month or day of one digit.
+inline void PutSpacedLocalDate(char (&date)[8]) {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    constexpr int kYearWidth = 4;
+    constexpr int kPartWidth = 2;
+    LongToAscii(now.wYear, date, kYearWidth);
+    LongToAscii(now.wMonth, date + kYearWidth, kPartWidth);
+    LongToAscii(now.wDay, date + kYearWidth + kPartWidth, kPartWidth);
+}
+
 // YYYYMMDD.
 inline void PutLocalDate(char (&date)[8]) {
     SYSTEMTIME now;

@@ -47,6 +47,10 @@ public:
     virtual void EndUnpack();
     virtual const char* GetMapName() const = 0;
 
+    // What the payload of a type must have; 0 for a type that is not taken.
+    std::size_t PayloadLength(char type) const {
+        return static_cast<std::size_t>(m_Slots.Slots[type - kFirstPacketType].Length);
+    }
     const char* GetPacketTypes() const { return m_Slots.Types; }
 
     // The result of the last Init; the manager passes packets while it is not 0.
@@ -139,7 +143,9 @@ int CallHandler(CRTMPacketDecoder& decoder, const char* payload) {
 template <auto... Handlers>
 constexpr PacketSlots MakeSlots() {
     PacketSlots slots{};
-    const auto take = [&slots](char type, PacketSlot slot) { slots.Slots[type - kFirstPacketType] = slot; };
+    [[maybe_unused]] const auto take = [&slots](char type, PacketSlot slot) {
+        slots.Slots[type - kFirstPacketType] = slot;
+    };
     (take(HandlerTraits<decltype(Handlers)>::PacketStruct::kType,
           {sizeof(typename HandlerTraits<decltype(Handlers)>::PacketStruct), &CallHandler<Handlers>}),
      ...);

@@ -53,6 +53,8 @@ public:
     }
 
     void Clear() { m_nSize = 0; }
+    // To more items, their values not set; there must be room.
+    void Stretch(std::size_t size) { m_nSize = size; }
     void Shrink(std::size_t size) { m_nSize = size; }
 
 private:

@@ -24,6 +24,16 @@ public:
         return buffer;
     }
 
+    // A whole packet, which has no request tag. Empty if memory fails.
+    static ViewBuffer OfPacket(const char* packet, std::size_t bytes) {
+        ViewBuffer buffer = Uninitialised(bytes);
+        if (buffer) {
+            std::memcpy(buffer.m_pBytes.get(), packet, bytes);
+            buffer.m_nTagBytes = 0;
+        }
+        return buffer;
+    }
+
     ViewBuffer Copy() const {
         ViewBuffer copy = Uninitialised(m_nBytes);
         if (copy) {
@@ -42,7 +52,7 @@ public:
         return *reinterpret_cast<Layout*>(m_pBytes.get());
     }
 
-    int BodyLength() const { return static_cast<int>(m_nBytes) - static_cast<int>(sizeof(RequestTag)); }
+    int BodyLength() const { return static_cast<int>(m_nBytes - m_nTagBytes); }
 
     // Ownership goes to the caller.
     char* GiveAway() {
@@ -60,6 +70,7 @@ private:
 
     std::unique_ptr<char[]> m_pBytes;
     std::size_t m_nBytes = 0;
+    std::size_t m_nTagBytes = sizeof(RequestTag);
 };
 
 #endif

@@ -1,0 +1,26 @@
+// Subscription holder: keeps codes subscribed to for as long as its map lives.
+//
+// Takes no packets and sends nothing.
+#ifndef TICKMUX_DECODERS_CRDUMMY01_H
+#define TICKMUX_DECODERS_CRDUMMY01_H
+
+#include "decoders/SubscriptionList.h"
+#include "framework/packet_decoder.h"
+#include "layouts/RDUMMY01.h"
+
+class CRDUMMY01 : public CRTMPacketDecoder {
+public:
+    static constexpr char kMapName[] = "RDUMMY01_R";
+
+    explicit CRDUMMY01(HWND hWnd);
+    ~CRDUMMY01() override;
+
+    int Init(const char* buffer) override;
+    void Release() override;
+    const char* GetMapName() const override { return kMapName; }
+
+private:
+    SubscriptionList m_List;
+};
+
+#endif

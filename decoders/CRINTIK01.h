@@ -1,0 +1,33 @@
+// Index tick list: every update of one index becomes a row with its change and rate.
+//
+// Takes E packets of the index; the rows of a batch leave together.
+#ifndef TICKMUX_DECODERS_CRINTIK01_H
+#define TICKMUX_DECODERS_CRINTIK01_H
+
+#include "framework/packet_decoder.h"
+#include "framework/subscription.h"
+#include "framework/waiting_rows.h"
+#include "layouts/RINTIK01.h"
+
+class CRINTIK01 : public CRTMPacketDecoder {
+public:
+    static constexpr char kMapName[] = "RINTIK01_R";
+
+    explicit CRINTIK01(HWND hWnd);
+    ~CRINTIK01() override;
+
+    int Init(const char* buffer) override;
+    void Release() override;
+    void EndUnpack() override;
+    const char* GetMapName() const override { return kMapName; }
+
+private:
+    int OnIndexPacket(const IndexPacket& index);
+
+    FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key;
+    PlainRows m_Front{};
+    double m_dBaseValue = 0.0;  // of the rate, in index points; 0: none yet
+    WaitingRows<IndexTickRow> m_Ticks;
+};
+
+#endif

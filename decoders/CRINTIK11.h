@@ -1,0 +1,30 @@
+// Index ticks for a chart: every update of one index leaves at once, as one row behind a display head.
+//
+// Takes E packets of the index.
+#ifndef TICKMUX_DECODERS_CRINTIK11_H
+#define TICKMUX_DECODERS_CRINTIK11_H
+
+#include "framework/packet_decoder.h"
+#include "framework/subscription.h"
+#include "layouts/RINTIK11.h"
+
+class CRINTIK11 : public CRTMPacketDecoder {
+public:
+    static constexpr char kMapName[] = "RINTIK11_R";
+
+    explicit CRINTIK11(HWND hWnd);
+    ~CRINTIK11() override;
+
+    int Init(const char* buffer) override;
+    void Release() override;
+    const char* GetMapName() const override { return kMapName; }
+
+private:
+    int OnIndexPacket(const IndexPacket& index);
+
+    FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key;
+    HeadedRows m_Front;  // tag and display head of the next buffer
+    char m_Date[8];      // in every row
+};
+
+#endif

@@ -1,0 +1,38 @@
+// News: headlines of the categories that the screen selects, with a label of their source.
+//
+// Takes T packets, which come without a request; sends one headline at each batch end for as long as some
+// wait.
+#ifndef TICKMUX_DECODERS_CRRNEWS01_H
+#define TICKMUX_DECODERS_CRRNEWS01_H
+
+#include "framework/packet_decoder.h"
+#include "framework/plain_queue.h"
+#include "layouts/RRNEWS01.h"
+
+class CRRNEWS01 : public CRTMPacketDecoder {
+public:
+    static constexpr char kMapName[] = "RRNEWS01_R";
+
+    explicit CRRNEWS01(HWND hWnd);
+
+    int Init(const char* buffer) override;
+    void Release() override;
+    void EndUnpack() override;
+    const char* GetMapName() const override { return kMapName; }
+
+private:
+    struct Headline {
+        char NewsKind;
+        NewsRow Row;
+    };
+
+    int OnNewsPacket(const NewsPacket& news);
+
+    bool Selects(const NewsPacket& news) const;
+
+    RequestTag m_Tag{};
+    char m_chSelector = ' ';
+    PlainQueue<Headline> m_Headlines;
+};
+
+#endif

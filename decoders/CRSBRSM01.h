@@ -1,0 +1,28 @@
+// Broker summary: ten rows of broker totals of one stock.
+//
+// Takes C packets of the stock, each of which replaces the whole picture; sends it once per batch.
+#ifndef TICKMUX_DECODERS_CRSBRSM01_H
+#define TICKMUX_DECODERS_CRSBRSM01_H
+
+#include "framework/packet_decoder.h"
+#include "framework/subscription.h"
+#include "layouts/RSBRSM01.h"
+
+class CRSBRSM01 : public CRTMPacketDecoder {
+public:
+    static constexpr char kMapName[] = "RSBRSM01_R";
+
+    explicit CRSBRSM01(HWND hWnd);
+    ~CRSBRSM01() override;
+
+    int Init(const char* buffer) override;
+    void Release() override;
+    const char* GetMapName() const override { return kMapName; }
+
+private:
+    int OnBrokerPacket(const BrokerPacket& brokers);
+
+    FollowedCode<StockKey, kStockClass, kWantBrokers> m_Key;
+};
+
+#endif

@@ -1,0 +1,33 @@
+// Stock fills: every trade of one stock becomes a row with its rate and brokers.
+//
+// Takes A packets of the stock; the rows of a batch leave together.
+#ifndef TICKMUX_DECODERS_CRSDONE01_H
+#define TICKMUX_DECODERS_CRSDONE01_H
+
+#include "framework/packet_decoder.h"
+#include "framework/subscription.h"
+#include "framework/waiting_rows.h"
+#include "layouts/RSDONE01.h"
+
+class CRSDONE01 : public CRTMPacketDecoder {
+public:
+    static constexpr char kMapName[] = "RSDONE01_R";
+
+    explicit CRSDONE01(HWND hWnd);
+    ~CRSDONE01() override;
+
+    int Init(const char* buffer) override;
+    void Release() override;
+    void EndUnpack() override;
+    const char* GetMapName() const override { return kMapName; }
+
+private:
+    int OnTradePacket(const TradePacket& trade);
+
+    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key;
+    PlainRows m_Front{};
+    int32_t m_nBasePrice = 0;  // of the rate; 0: none yet
+    WaitingRows<FillRow> m_Ticks;
+};
+
+#endif
