@@ -62,7 +62,7 @@ CRSITST01::~CRSITST01() {
     m_Board.GiveUp();
 }
 
-CRSITST01::StockCode CRSITST01::Kind::KeyOf(const Row& row) {
+StockCode CRSITST01::Kind::KeyOf(const Row& row) {
     StockCode code;
     Put(code.Text, row.Code);
     return code;
@@ -146,12 +146,7 @@ char CRSITST01::CheckAlarm(int place, const TradePacket& trade) const {
 }
 
 int CRSITST01::Find(const StockKey& key) const {
-    if (key.Board != kBoard) {
-        return m_Board.kNowhere;
-    }
-    StockCode code;
-    Put(code.Text, key.Code);
-    return m_Board.Find(code);
+    return key.Board == kBoard ? m_Board.Find(CodeOf(key)) : m_Board.kNowhere;
 }
 
 int CRSITST01::OnTradePacket(const TradePacket& trade) {

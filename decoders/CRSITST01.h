@@ -27,9 +27,6 @@ public:
     const char* GetMapName() const override { return kMapName; }
 
 private:
-    struct StockCode {
-        char Text[10];
-    };
     struct Kind {
         using Row = InterestRow;
         using Key = StockCode;

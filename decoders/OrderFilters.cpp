@@ -5,6 +5,8 @@
 #include <iterator>
 #include <string_view>
 
+#include "framework/codecs.h"
+
 namespace {
 
 constexpr StatusRule kStatusRules[] = {
@@ -33,8 +35,7 @@ bool PassesBoard(const FilteredOrdersInit& filter, const OrderPacket& notice) {
         return true;
     }
     std::string_view board(notice.BoardName, sizeof(notice.BoardName));
-    board = board.substr(0, board.find('\0'));
-    board = board.substr(0, board.find_last_not_of(' ') + 1);
+    board = WithoutBlanksBehind(board.substr(0, board.find('\0')));
     const std::size_t advertised = board.find("ADV");
     if (advertised == std::string_view::npos) {
         return wanted.starts_with(board);

@@ -12,6 +12,7 @@
 #include "decoders/CRSCAND11.h"
 #include "decoders/CRSDONE01.h"
 #include "decoders/CRSETFNAV.h"
+#include "decoders/CRSFLDN01.h"
 #include "decoders/CRSITST01.h"
 #include "decoders/CRSNOCH21.h"
 #include "decoders/CRSODER01.h"
@@ -24,25 +25,15 @@
 
 // clang-format off: one line a map
 extern constinit const DecoderFactoryEntry g_DecoderFactories[] = {
-    {CRDUMMY01::kMapName, CreateDecoder<CRDUMMY01>},
-    {CRICAND11::kMapName, CreateDecoder<CRICAND11>},
-    {CRINTIK01::kMapName, CreateDecoder<CRINTIK01>},
-    {CRINTIK11::kMapName, CreateDecoder<CRINTIK11>},
-    {CRITRDE01::kMapName, CreateDecoder<CRITRDE01>},
-    {CRITRDE02::kMapName, CreateDecoder<CRITRDE02>},
-    {CRRNEWS01::kMapName, CreateDecoder<CRRNEWS01>},
-    {CRRPASS01::kMapName, CreateDecoder<CRRPASS01>},
-    {CRSBRSM01::kMapName, CreateDecoder<CRSBRSM01>},
-    {CRSCAND11::kMapName, CreateDecoder<CRSCAND11>},
-    {CRSDONE01::kMapName, CreateDecoder<CRSDONE01>},
-    {CRSETFNAV::kMapName, CreateDecoder<CRSETFNAV>},
-    {CRSITST01::kMapName, CreateDecoder<CRSITST01>},
-    {CRSNOCH21::kMapName, CreateDecoder<CRSNOCH21>},
-    {CRSODER01::kMapName, CreateDecoder<CRSODER01>},
-    {CRSORDE21::kMapName, CreateDecoder<CRSORDE21>},
-    {CRSORDE22::kMapName, CreateDecoder<CRSORDE22>},
-    {CRSTICK11::kMapName, CreateDecoder<CRSTICK11>},
-    {CRSTRBK01::kMapName, CreateDecoder<CRSTRBK01>},
-    {CRSTRDE01::kMapName, CreateDecoder<CRSTRDE01>},
-    {nullptr, nullptr},
+    {CRDUMMY01::kMapName, CreateDecoder<CRDUMMY01>}, {CRICAND11::kMapName, CreateDecoder<CRICAND11>},
+    {CRINTIK01::kMapName, CreateDecoder<CRINTIK01>}, {CRINTIK11::kMapName, CreateDecoder<CRINTIK11>},
+    {CRITRDE01::kMapName, CreateDecoder<CRITRDE01>}, {CRITRDE02::kMapName, CreateDecoder<CRITRDE02>},
+    {CRRNEWS01::kMapName, CreateDecoder<CRRNEWS01>}, {CRRPASS01::kMapName, CreateDecoder<CRRPASS01>},
+    {CRSBRSM01::kMapName, CreateDecoder<CRSBRSM01>}, {CRSCAND11::kMapName, CreateDecoder<CRSCAND11>},
+    {CRSDONE01::kMapName, CreateDecoder<CRSDONE01>}, {CRSETFNAV::kMapName, CreateDecoder<CRSETFNAV>},
+    {CRSFLDN01::kMapName, CreateDecoder<CRSFLDN01>}, {CRSITST01::kMapName, CreateDecoder<CRSITST01>},
+    {CRSNOCH21::kMapName, CreateDecoder<CRSNOCH21>}, {CRSODER01::kMapName, CreateDecoder<CRSODER01>},
+    {CRSORDE21::kMapName, CreateDecoder<CRSORDE21>}, {CRSORDE22::kMapName, CreateDecoder<CRSORDE22>},
+    {CRSTICK11::kMapName, CreateDecoder<CRSTICK11>}, {CRSTRBK01::kMapName, CreateDecoder<CRSTRBK01>},
+    {CRSTRDE01::kMapName, CreateDecoder<CRSTRDE01>}, {nullptr, nullptr},
 };

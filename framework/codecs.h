@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 // ---- colour tags: the two characters beside a displayed number
 
@@ -51,6 +52,10 @@ void DoubleToAscii(double value, char* dst, int len, int dec);
 // `src` at the right end of `dst`: spaces in front of a shorter one; a longer one loses its head. A zero byte
 // in `src` ends the copying and zero bytes fill the rest.
 void CopyRightAligned(char* dst, const char* src, int dstLen, int srcLen);
+
+inline std::string_view WithoutBlanksBehind(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
 
 // ---- the same by array: the field tells its width
 

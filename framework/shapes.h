@@ -30,6 +30,18 @@ struct StockKey {
 };
 static_assert(sizeof(StockKey) == 11 && alignof(StockKey) == 1);
 
+// A stock on whatever board.
+struct StockCode {
+    char Text[10];
+};
+static_assert(sizeof(StockCode) == sizeof(StockKey::Code));
+
+inline StockCode CodeOf(const StockKey& key) {
+    StockCode code;
+    std::memcpy(code.Text, key.Code, sizeof(code.Text));
+    return code;
+}
+
 template <class Visitor>
 void Describe(const StockKey& key, Visitor&& visit) {
     visit("Board", key.Board);

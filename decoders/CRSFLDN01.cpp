@@ -1,0 +1,186 @@
+#include "decoders/CRSFLDN01.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "framework/broker_class.h"
+#include "framework/change_rate.h"
+#include "framework/codecs.h"
+#include "framework/init_reader.h"
+#include "framework/subscription.h"
+#include "framework/wrap.h"
+
+namespace {
+
+const char* UserFolder() {
+    return CEnvMgr::GetBaseUserDir(CQelData21::GetBaseUserID());
+}
+
+// What stands behind the code, by board; null: no board that is shown.
+const char* SuffixOf(char board) {
+    switch (board) {
+        case '1':
+            return "   ";
+        case '2':
+            return ".TN";
+        case '3':
+            return ".NG";
+        case '4':
+            return ".TS";
+        default:
+            return nullptr;
+    }
+}
+
+constexpr std::size_t kSuffixWidth = 3;
+
+// Where the two feeds differ.
+bool HasVolume(const TradePacket& trade) {
+    return trade.Volume != 0;
+}
+bool HasVolume(const CompactTradePacket& trade) {
+    return trade.Volume >= 1;
+}
+void PutTradeRef(MonitorRow& row, const TradePacket& trade) {
+    PutRight(row.TradeRef, trade.TradeRef);
+}
+void PutTradeRef(MonitorRow& /*row*/, const CompactTradePacket& /*trade*/) {}
+
+}  // namespace
+
+CRSFLDN01::CRSFLDN01(HWND hWnd)
+    : CRTMPacketDecoder(hWnd,
+                        Takes<&CRSFLDN01::OnTrade<TradePacket>, &CRSFLDN01::OnTrade<CompactTradePacket>>),
+      m_Feed(hWnd),
+      m_Settings(UserFolder(), "\\TradeMonEnv.ini") {
+    const SettingsFile groups(UserFolder(), "\\Interest.ini");
+    if (groups.Path() != nullptr) {
+        m_InterestTable.ReadAllGroup(groups.Path());
+    }
+}
+
+CRSFLDN01::~CRSFLDN01() {
+    Withdraw();
+}
+
+int CRSFLDN01::Init(const char* buffer) {
+    CRTMPacketDecoder::Init(buffer);
+    InitReader in(buffer);
+    m_Front.Tag = in.Tag();
+    MonitorInit init;
+    if (!in.Read(init)) {
+        return 0;
+    }
+    m_Rows.Clear();
+    const WatchSet former = std::exchange(m_WatchSet, {});
+    const unsigned generation = ++m_nGeneration;
+    // A set that does not come about is not kept: nothing of it has been asked for. The former stocks stay
+    // asked for.
+    WatchSet watched;
+    constexpr int kBrokers = 3;
+    CString first;
+    CString second;
+    if (!BuildWatchSet(watched) ||
+        (m_pBrokerMaster = CQelData21::GetMasterData(kBrokers, first, second)) == nullptr) {
+        return 0;
+    }
+    m_WatchSet = std::move(watched);
+    m_Filters = TradeFilters::Load(m_Settings);
+    m_Feed.SendWatchRequest(m_WatchSet.Entries());
+    // The communication manager may call back and end this set, or bring another.
+    for (std::size_t i = 0; m_nGeneration == generation && i < m_WatchSet.Entries().Stocks.Size(); ++i) {
+        MonitorFeed::Subscribe(m_WatchSet.Entries().Stocks[i]);
+    }
+    m_Feed.Withdraw(former.Entries());
+    return 1;
+}
+
+bool CRSFLDN01::BuildWatchSet(WatchSet& watched) const {
+    const bool ownIndustry = CQelData21::IsTobrinAcc();
+    if (m_Settings.Integer("TRADE_MONITOR", "ALL", 1) != 0) {
+        return ownIndustry ? watched.WatchIndustry() : watched.WatchMarket();
+    }
+    char numbers[1024];
+    const int length = m_Settings.Text("FAVOURITES", "SELECTEDGROUP", numbers);
+    return watched.WatchGroups(m_InterestTable, {numbers, static_cast<std::size_t>(length)});
+}
+
+template <class Packet>
+int CRSFLDN01::OnTrade(const Packet& trade) {
+    if (m_Feed.Mode() != Packet::kType || !m_WatchSet.Holds(CodeOf(trade.Key)) || !HasVolume(trade)) {
+        return 0;
+    }
+    const int direction = SignToColor(nullptr, trade.Sign);
+    const double rate = BiasedRate(WrapMultiply(int32_t{direction}, trade.Change),
+                                   BaseOf(trade.Price, direction, trade.Change), direction);
+    const char* suffix = SuffixOf(trade.Key.Board);
+    if (suffix == nullptr || !m_Filters.Pass(trade.Price, rate, trade.Volume)) {
+        return 0;
+    }
+    MonitorRow* row = m_Rows.Add();
+    if (row == nullptr) {
+        return 0;
+    }
+    PutRight(row->Time, trade.Time);
+    PutTradeRef(*row, trade);
+    const std::string_view code = WithoutBlanksBehind({trade.Key.Code, sizeof(trade.Key.Code)});
+    std::memcpy(row->Code, code.data(), code.size());
+    std::memcpy(row->Code + code.size(), suffix, kSuffixWidth);
+    PutColor(row->PriceTag, direction);
+    Put(row->Price, trade.Price);
+    row->Sign = trade.Sign;
+    PutColor(row->ChangeTag, direction);
+    Put(row->Change, trade.Change);
+    PutColor(row->RateTag, direction);
+    Put<2>(row->Rate, rate);
+    Put(row->Volume, trade.Volume);
+    PutClassTag(row->Broker1ClassTag, trade.Broker1Class);
+    row->Broker1Class = trade.Broker1Class;
+    PutBrokerTag(row->Broker1Tag, trade.Broker1);
+    PutRight(row->Broker1, trade.Broker1);
+    PutClassTag(row->Broker2ClassTag, trade.Broker2Class);
+    row->Broker2Class = trade.Broker2Class;
+    PutBrokerTag(row->Broker2Tag, trade.Broker2);
+    PutRight(row->Broker2, trade.Broker2);
+    return 1;
+}
+
+// By the broker's mark in the master data; one without leaves the tag as it is.
+void CRSFLDN01::PutBrokerTag(char (&tag)[2], const char (&broker)[4]) const {
+    const auto found = m_pBrokerMaster->find(std::string(WithoutBlanksBehind({broker, sizeof(broker)})));
+    if (found == m_pBrokerMaster->end()) {
+        return;
+    }
+    switch (static_cast<const char*>(found->second->szMark)[0]) {
+        case '0':
+            tag[0] = '0';  // a colour that no other tag has
+            break;
+        case '1':
+            PutColor(tag, -1);
+            break;
+        case '2':
+            PutColor(tag, 1);
+            break;
+        default:
+            break;
+    }
+}
+
+void CRSFLDN01::EndUnpack() {
+    SendRows(m_Front, m_Rows);
+}
+
+void CRSFLDN01::Release() {
+    CRTMPacketDecoder::Release();
+    Withdraw();
+}
+
+// The set is empty before the requests go out: whoever hears of them may call back and bring another.
+void CRSFLDN01::Withdraw() {
+    ++m_nGeneration;
+    const WatchSet former = std::exchange(m_WatchSet, {});
+    m_Feed.Withdraw(former.Entries());
+}

@@ -1,0 +1,50 @@
+// Trade monitor: a running ticker of the trades that the user watches and filters.
+//
+// Takes A packets if it watches a list of stocks, R packets if it watches the whole market; the rows of a
+// batch leave together. What it watches and filters by comes from the user's files, which each Init reads
+// anew; the interest groups are those of the time when the screen was opened.
+#ifndef TICKMUX_DECODERS_CRSFLDN01_H
+#define TICKMUX_DECODERS_CRSFLDN01_H
+
+#include "decoders/MonitorFeed.h"
+#include "decoders/TradeFilters.h"
+#include "decoders/WatchSet.h"
+#include "framework/packet_decoder.h"
+#include "framework/settings_file.h"
+#include "framework/waiting_rows.h"
+#include "host/services.h"
+#include "layouts/RSFLDN01.h"
+
+class CRSFLDN01 : public CRTMPacketDecoder {
+public:
+    static constexpr char kMapName[] = "RSFLDN01_R";
+
+    explicit CRSFLDN01(HWND hWnd);
+    ~CRSFLDN01() override;
+
+    int Init(const char* buffer) override;
+    void Release() override;
+    void EndUnpack() override;
+    const char* GetMapName() const override { return kMapName; }
+
+private:
+    template <class Packet>
+    int OnTrade(const Packet& trade);
+
+    bool BuildWatchSet(WatchSet& watched) const;
+    void Withdraw();
+
+    void PutBrokerTag(char (&tag)[2], const char (&broker)[4]) const;
+
+    MonitorFeed m_Feed;
+    WatchSet m_WatchSet;
+    TradeFilters m_Filters;
+    PlainRows m_Front{};
+    WaitingRows<MonitorRow> m_Rows;
+    const CodeTable* m_pBrokerMaster = nullptr;  // the service's
+    SettingsFile m_Settings;
+    CInterestTable m_InterestTable;
+    unsigned m_nGeneration = 0;  // of the watch set
+};
+
+#endif

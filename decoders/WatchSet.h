@@ -1,0 +1,38 @@
+// The stocks that a trade monitor shows, found by their code on any board, and the feed entries that bring
+// their trades.
+//
+// Each way of building one starts from an empty set. False: the terminal has no such data, or memory fails.
+#ifndef TICKMUX_DECODERS_WATCHSET_H
+#define TICKMUX_DECODERS_WATCHSET_H
+
+#include <string_view>
+
+#include "decoders/MonitorFeed.h"
+#include "framework/key_index.h"
+#include "framework/shapes.h"
+#include "host/services.h"
+
+class WatchSet {
+public:
+    // The user's interest groups of these numbers: three characters each, and a separator between them.
+    bool WatchGroups(const CInterestTable& table, std::string_view numbers);
+    // All stocks.
+    bool WatchMarket();
+    // The account's own industry list.
+    bool WatchIndustry();
+
+    bool Holds(const StockCode& code) const { return m_Codes.Find(code) != m_Codes.kNowhere; }
+    const FeedEntries& Entries() const { return m_Entries; }
+
+private:
+    // False: it is there already, or no packet can have such a code.
+    bool Watch(std::string_view code);
+    // Entries of a code on the boards 1 to 3; room for them must be there.
+    void AddEntries(std::string_view code);
+    bool MakeRoom(std::size_t codes);
+
+    KeyIndex<StockCode> m_Codes;
+    FeedEntries m_Entries;
+};
+
+#endif
