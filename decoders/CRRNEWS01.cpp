@@ -28,7 +28,7 @@ std::string_view LabelOf(std::string_view category) {
             return label.Text;
         }
     }
-    return {};
+    return "";
 }
 
 // A label that is longer than its field runs on into the title, which then covers it as far as it reaches.

@@ -12,7 +12,7 @@ const ItemClass* FindClass(std::span<const ItemClass> classes, char chClass) {
 
 bool ItemClass::Skips(const SubscriptionItem& item) const {
     const std::string_view code = CodeOf(item);
-    return code == Skipped || (SkipsBlank && code.find_first_not_of(' ') == std::string_view::npos);
+    return (!code.empty() && code == Skipped) || (SkipsBlank && code.find_first_not_of(' ') == std::string_view::npos);
 }
 
 bool SubscriptionList::Take(InitReader& in, int items, Items& former) {

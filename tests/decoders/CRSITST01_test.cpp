@@ -21,7 +21,6 @@ std::string Inquiry(const Rows& rows, const std::string& size = "178") {
 class InterestBoard : public ScreenTest {
 protected:
     InterestBoard() : ScreenTest("RSITST01_R") { tickhost_set_text("UserDir", m_Folder.Path("").c_str()); }
-    ~InterestBoard() override { tickhost_set_text("UserDir", ""); }
 
     // Alarms by row number, in group 07.
     void Alarms(const std::string& sound, const std::vector<std::pair<int, std::string>>& alarms) {

@@ -29,7 +29,6 @@ std::string Inquiry(const std::string& key, const std::string& block = Block("0"
 class OrderBook : public ScreenTest {
 protected:
     OrderBook() : ScreenTest("RSODER01_R") {}
-    ~OrderBook() override { tickhost_set_text("DataDir", ""); }
 
     // The image with these rows from the top and these totals; rows in between are kNothing.
     static testing::AssertionResult Is(const std::string& image, Rows rows, const std::string& totals) {

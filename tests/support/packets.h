@@ -69,10 +69,14 @@ public:
         return TotalVolume(volume);
     }
     Trade& Lot(int32_t size) { return m_Packet.LotSize = size, *this; }
-    Trade& Brokers(char class1, char class2) {
+    Trade& Brokers(char class1, char class2, const std::string& broker1 = "",
+                   const std::string& broker2 = "") {
         m_Packet.Broker1Class = class1, m_Packet.Broker2Class = class2;
+        Fill(m_Packet.Broker1, broker1);
+        Fill(m_Packet.Broker2, broker2);
         return *this;
     }
+    Trade& Ref(const std::string& ref) { return Fill(m_Packet.TradeRef, ref), *this; }
 };
 
 // A book whose first level alone is filled.
@@ -153,6 +157,60 @@ public:
         Fill(m_Packet.Time, time);
         m_Packet.Index = index;
         m_Packet.Volume = volume;
+    }
+};
+
+// A packet of which only the code at its head matters.
+template <class Packet>
+class Coded : public PacketBuilder<Packet> {
+public:
+    explicit Coded(const std::string& code) { std::memcpy(&this->m_Packet, code.data(), code.size()); }
+};
+
+class CompactTrade : public PacketBuilder<CompactTradePacket> {
+public:
+    explicit CompactTrade(const std::string& key) {
+        m_Packet.Key = ::Key(key);
+        Fill(m_Packet.Time, "090000");
+        m_Packet.Price = 1000;
+        m_Packet.Sign = '2';
+        m_Packet.Change = 10;
+        Volume(1);
+    }
+    CompactTrade& Volume(int32_t volume) { return m_Packet.Volume = volume, *this; }
+};
+
+class News : public PacketBuilder<NewsPacket> {
+public:
+    explicit News(const std::string& category, const std::string& title = "Title") {
+        m_Packet.NewsKind = 'K';
+        Fill(m_Packet.Date, "20261120");
+        Fill(m_Packet.Time, "090000");
+        Fill(m_Packet.NewsRef1, "ref 1");
+        Fill(m_Packet.NewsRef2, "ref 2");
+        Fill(m_Packet.Category, category);
+        Fill(m_Packet.Title, title + std::string(title.size() < sizeof(m_Packet.Title) ? 1 : 0, '\0'));
+        Related("00");
+    }
+    News& Code(const std::string& code) { return Fill(m_Packet.Code, code), *this; }
+    News& Related(const std::string& count) {
+        std::memcpy(m_Packet.Title + sizeof(m_Packet.Title) - 2, count.data(), 2);
+        return *this;
+    }
+};
+
+// Ten rows of the same four texts.
+class Brokers : public PacketBuilder<BrokerPacket> {
+public:
+    Brokers(const std::string& key, const std::string& time) {
+        m_Packet.Key = ::Key(key);
+        Fill(m_Packet.Time, time);
+        for (BrokerRow& row : m_Packet.Rows) {
+            Fill(row.Broker1, "AB");
+            Fill(row.Qty1, "0000012345");
+            Fill(row.Broker2, "WXYZ");
+            Fill(row.Qty2, "678");
+        }
     }
 };
 

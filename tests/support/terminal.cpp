@@ -23,14 +23,15 @@ std::string TellRecord(const tagRTMTRSTCDINFO& record) {
 
 std::string Asked(const std::string& operation, char chClass, const std::string& code,
                   const std::string& flags) {
-    const std::string length = chClass == 'A' ? "4 " : "11 ";
+    const std::string length = chClass == 'A' ? "4 " : chClass == 'M' ? "5 " : "11 ";
     return operation + " " + chClass + " [" + Left(code, 11) + "] " + length + flags;
 }
 
 Screen::Screen(Terminal& terminal, const std::string& mapName)
     : m_Terminal(terminal),
       m_hWnd(tickhost_create_window(&Procedure, this)),
-      m_Handle(RegistMap(m_hWnd, mapName.c_str())) {}
+      m_Handle(RegistMap(m_hWnd, mapName.c_str())),
+      m_nTagBytes(mapName == "RRPASS01_R" ? 0 : sizeof(RequestTag)) {}
 
 Screen::~Screen() {
     Unregister();
@@ -73,7 +74,7 @@ bool Screen::Fetch() {
     if (tickhost_take_view_item(m_pQueue, &data, &length) == 0) {
         return false;
     }
-    m_Buffers.emplace_back(data, static_cast<std::size_t>(length) + sizeof(RequestTag));
+    m_Buffers.emplace_back(data, static_cast<std::size_t>(length) + m_nTagBytes);
     tickhost_free_view_data(data);
     return true;
 }
@@ -103,6 +104,7 @@ void Screen::Act() {
 
 Terminal::Terminal() : m_hManager(tickhost_create_window(&Procedure, this)) {
     tickhost_set_communication_manager(m_hManager);
+    tickhost_set_function_sink(&TakeFunction, this);
 }
 
 Terminal::~Terminal() {
@@ -129,6 +131,12 @@ int Terminal::Feed(const std::string& packet) {
 
 Events Terminal::Events() {
     return std::exchange(m_Events, {});
+}
+
+void Terminal::TakeFunction(void* context, HWND /*window*/, const char* /*loginText*/, char type,
+                            const char* name, const char* text, int length) {
+    static_cast<Terminal*>(context)->Happened(std::string("function ") + type + " " + name + " [" +
+                                              std::string(text, static_cast<std::size_t>(length)) + "]");
 }
 
 intptr_t Terminal::Procedure(void* context, HWND /*window*/, uint32_t message, uintptr_t wParam,

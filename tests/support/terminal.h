@@ -59,6 +59,7 @@ private:
     HWND m_hWnd;
     tickmux_handle m_Handle;
     void* m_pQueue = nullptr;
+    std::size_t m_nTagBytes;  // none where packets pass through
     bool m_bFetching = true;
     std::function<void()> m_OnMessage = [] {};
     std::deque<std::string> m_Buffers;
@@ -84,7 +85,7 @@ public:
     void EndBatch() { EndRTMUnpackToDecoder(); }
 
     // What has happened since the last call: "add 1 [1ASII      ] 11 80000000", "delete ...", "cancel [...]",
-    // "view" for each message 2244, "list" for each 2248.
+    // "function A K11OI060 [...]", "view" for each message 2244, "list" for each 2248.
     ::Events Events();
     void Happened(const std::string& event) { m_Events.push_back(event); }
     // Runs within the next subscription request, once.
@@ -93,6 +94,9 @@ public:
 private:
     static intptr_t Procedure(void* context, HWND window, uint32_t message, uintptr_t wParam,
                               intptr_t lParam);
+
+    static void TakeFunction(void* context, HWND window, const char* loginText, char type, const char* name,
+                             const char* text, int length);
 
     HWND m_hManager;
     std::function<void()> m_OnRequest = [] {};

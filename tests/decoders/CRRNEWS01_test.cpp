@@ -1,0 +1,77 @@
+#include "layouts/RRNEWS01.h"
+#include "tests/support/inquiries.h"
+#include "tests/support/terminal.h"
+
+namespace {
+
+std::string Inquiry(char selector) {
+    return "N1" + std::string(20, '.') + selector + ".";
+}
+
+std::string Sent(const std::string& label, const std::string& title, const std::string& category,
+                 const std::string& code = "") {
+    return "N1K" + Block("1", "131") + "20261120090000" + Left(label, 8) + Left(title, 80) +
+           Left("ref 1", 10) + Left("ref 2", 6) + category + (code.empty() ? " " : "1") + Left(code, 10);
+}
+
+class NewsScreen : public ScreenTest {
+protected:
+    NewsScreen() : ScreenTest("RRNEWS01_R") {}
+    template <class Packet>
+    void Expect(const Packet& packet, const std::string& sent) {
+        EXPECT_TRUE((ShowsRows<NewsFront, NewsRow>(After(packet), sent)));
+    }
+};
+
+TEST_F(NewsScreen, AHeadlineIsARowWithTheLabelOfItsCategory) {
+    Open(Inquiry('0'));
+    EXPECT_EQ(Told(), Events{});
+    Expect(News("21", "   Three blanks").Code("ASII"), Sent("Stock", "Three blanks", "21", "ASII"));
+    Expect(News("1x"), Sent("IDX", "Title", "1x"));
+    Expect(News("20"), Sent("Orvel Tr", "Title", "20"));
+    Expect(News("20", "a"), Sent("Orvel Tr", "ast", "20"));
+    Expect(News("20", ""), Sent("Orvel Tr", "ust", "20"));
+    const std::string full = std::string(78, 'x') + "00";
+    Expect(News("97", full), Sent("Research", full, "97"));
+    const std::pair<std::string, std::string> labels[] = {{"22", "Breaking"}, {"23", "Rumors"},
+                                                          {"24", "Market"},   {"25", "Industry"},
+                                                          {"26", "Economy"},  {"27", ""}};
+    for (const auto& [category, label] : labels) {
+        Expect(News(category).Related("07"), Sent(label, "Title", category));
+    }
+}
+
+TEST_F(NewsScreen, TheSelectorTakesWhatBeginsLikeIt) {
+    const auto taken = [this](char selector) {
+        Open(Inquiry(selector));
+        std::string categories;
+        for (const char* category : {"1x", "2x", "9x", "0x", "5x"}) {
+            categories += After(News(category)) == "nothing" ? "" : category;
+        }
+        return categories;
+    };
+    EXPECT_EQ(taken('0'), "1x2x9x0x5x");
+    EXPECT_EQ(taken('1') + taken('2') + taken('9'), "1x2x9x");
+    EXPECT_EQ(taken('5') + taken(' '), "");
+    m_Screen->RefusesEveryCutOf(Inquiry('0'));
+}
+
+TEST_F(NewsScreen, ABurstDrainsOneHeadlineABatchEnd) {
+    Open(Inquiry('0'));
+    constexpr int kBurst = 100000;
+    for (int number = 0; number < kBurst; ++number) {
+        Feed(News("21", std::to_string(number)));
+    }
+    for (int number = 0; number < kBurst; ++number) {
+        EndBatch();
+        ASSERT_EQ(m_Screen->Next().substr(sizeof(NewsFront) + 22, 6), Left(std::to_string(number), 6));
+        ASSERT_TRUE(m_Screen->Empty());
+    }
+    EXPECT_TRUE(Silent());
+    Feed(News("21"), News("21"));
+    m_Screen->Stop();
+    EXPECT_EQ(Init(Inquiry('0')), 1);
+    EXPECT_TRUE(Silent()) << "those that waited are gone";
+}
+
+}  // namespace

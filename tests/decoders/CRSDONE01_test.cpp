@@ -1,0 +1,75 @@
+#include "layouts/RSDONE01.h"
+#include "tests/support/inquiries.h"
+#include "tests/support/terminal.h"
+
+namespace {
+
+constexpr char kTrades[] = "80000000";
+
+std::string Inquiry(const std::string& key, const std::string& base, const Rows& rows = {}) {
+    return "F1" + Left(key, 11) + Right(base, 12) + BlockOf(rows, "79");
+}
+
+std::string Row(const std::string& ref, char tag, const std::string& price, char sign,
+                const std::string& change, const std::string& rate, const std::string& volume,
+                const std::string& brokers) {
+    const std::string color{tag, ' '};
+    return "090000" + Left(ref, 8) + color + Right(price, 12) + sign + color + Right(change, 12) + color +
+           Right(rate, 6) + "  " + Right(volume, 12) + brokers;
+}
+
+class StockFills : public ScreenTest {
+protected:
+    StockFills() : ScreenTest("RSDONE01_R") {}
+    void Expect(const Rows& rows) {
+        EndBatch();
+        EXPECT_TRUE((ShowsRows<PlainRows, FillRow>(m_Screen->Next(), "F1" + BlockOf(rows, "79"))));
+    }
+    // The rate of a trade at the price, without change, which tells the base.
+    std::string RateAt(int32_t price) {
+        return After(Trade("1ASII").Price(price).Change('0', 0)).substr(sizeof(PlainRows) + 45, 6);
+    }
+};
+
+TEST_F(StockFills, ATradeIsARowWithRateAndBrokers) {
+    Open(Inquiry("1ASII", "1000"));
+    EXPECT_EQ(Told(), Events{Added('1', "1ASII", kTrades)});
+    Feed(Trade("1ASII").Volume(0), Trade("2ASII"));
+    Feed(Trade("1ASII").Price(1019).Change('2', 5).Volume(3).Ref("00000042").Brokers('F', 'D', "AB", "WXYZ"));
+    Feed(Trade("1ASII").Price(1019).Change('7', 5).Volume(-3).Brokers('x', ' '));
+    Feed(Trade("1ASII").Price(1019).Change(' ', 5));
+    Expect({Row("00000042", '1', "1019", '2', "5", "1.90", "3", "4 FAB  1 DWXYZ"),
+            Row("", '4', "1019", '7', "5", "1.90", "-3", "  x           "),
+            Row("", '5', "1019", ' ', "5", "1.90", "1", "1 D    1 D    ")});
+    EXPECT_TRUE(Silent());
+}
+
+TEST_F(StockFills, TheBaseComesFromTheInquiryItsRowOrTheFirstTrade) {
+    const std::string row = Left(std::string(16, '.') + Right("1010", 12) + "2.." + Right("10", 12), 79);
+    Open(Inquiry("1ASII", "500", {row}) + "more");
+    EXPECT_EQ(RateAt(1000), "100.00");
+    EXPECT_EQ(Init(Inquiry("1ASII", "0", {row})), 1);
+    EXPECT_EQ(RateAt(2000), "100.00");
+    EXPECT_EQ(Init(Inquiry("1ASII", "")), 1);
+    Feed(Trade("1ASII").Price(7).Volume(0));
+    EXPECT_EQ(RateAt(250), "  0.00");
+    EXPECT_EQ(RateAt(500), "100.00");
+}
+
+TEST_F(StockFills, ARefusedInquiryForgetsTheBaseAndKeepsTheRows) {
+    Open(Inquiry("1ASII", "1000"));
+    Feed(Trade("1ASII"));
+    Told();
+    m_Screen->RefusesEveryCutOf(Inquiry("1BBBB", "1000"));
+    EXPECT_EQ(Told(), Events{});
+    EXPECT_FALSE(Silent()) << "rows that wait still leave";
+    Feed(Trade("1ASII"));
+    EXPECT_EQ(Init(Inquiry("1BBBB", "1000")), 1);
+    EXPECT_FALSE(m_Screen->Next().empty());
+    EXPECT_TRUE(Silent());
+    m_Screen->Release();
+    EXPECT_EQ(Told(), (Events{"view", Added('1', "1BBBB", kTrades), Deleted('1', "1ASII", kTrades),
+                              Deleted('1', "1BBBB", kTrades)}));
+}
+
+}  // namespace
