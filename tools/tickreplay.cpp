@@ -128,7 +128,9 @@ std::vector<ScreenToOpen> ScreensOf(const std::vector<WorkspaceLine>& workspace,
         try {
             const ScreenKind& kind = FindScreenKind(line.Map);
             InitText init = kind.MakeInit(line.Key, defaults);
-            init.Set("Tag", std::to_string(kTags + screens.size() % kTags).substr(1));
+            if (init.HasTag()) {
+                init.Set("Tag", std::to_string(kTags + screens.size() % kTags).substr(1));
+            }
             for (const auto& [name, value] : line.Fields) {
                 init.Set(name, value);
             }

@@ -114,8 +114,9 @@ TEST_F(BadInputTest, WorkspaceLines) {
     } cases[] = {
         {"# nothing\n", ": names no screen; add a line such as RSTICK11_R 1ASII"},
         {"RSTICK11_R 1ASII\n\nRSTICK12_R 1ASII\n",
-         ":3: unknown map \"RSTICK12_R\"; known: RICAND11_R, RITRDE01_R, RITRDE02_R, RSCAND11_R, RSETFNAV_R, "
-         "RSNOCH21_R, RSORDE21_R, RSORDE22_R, RSTICK11_R, RSTRBK01_R, RSTRDE01_R"},
+         ":3: unknown map \"RSTICK12_R\"; known: RDUMMY01_R, RICAND11_R, RINTIK01_R, RINTIK11_R, RITRDE01_R, "
+         "RITRDE02_R, RRNEWS01_R, RRPASS01_R, RSBRSM01_R, RSCAND11_R, RSDONE01_R, RSETFNAV_R, RSNOCH21_R, "
+         "RSORDE21_R, RSORDE22_R, RSTICK11_R, RSTRBK01_R, RSTRDE01_R"},
         {"RSTICK11_R # key\n", ":1: no key behind \"RSTICK11_R\"; write MAP KEY [Field=value ...]"},
         {"RSTICK11_R 1ASII Date\n",
          ":1: \"Date\" is not of the form Field=value; write MAP KEY [Field=value ...]"},
