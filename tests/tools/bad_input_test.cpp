@@ -150,6 +150,17 @@ TEST_F(BadInputTest, WorkspaceLines) {
          ":1: unknown field \"Field56\"; known: Tag, Key.Board, Key.Code, FirstField, LastField, Field0 to "
          "Field55"},
         {"RITRDE02_R COMP,\n", ":1: key \"\" is no index; give a code of up to 4 characters, such as COMP"},
+        {"RRNEWS01_R 3\n",
+         ":1: key \"3\" selects no headlines; give 0 for all, or 1, 2 or 9 for the categories that begin so"},
+        {"RDUMMY01_R 1ASII:A,1ASII\n",
+         ":1: item \"1ASII\" does not tell packet types; write CODE:TYPES,CODE:TYPES ..., such as "
+         "1ASII:ABCD,COMP:EF"},
+        {"RDUMMY01_R 1ASII:AN\n", ":1: packet type \"N\" is none of ABCDEF"},
+        {"RRPASS01_R 1ASII:AR\n", ":1: packet type \"R\" is none of ABCDEFMNT0@"},
+        {"RRPASS01_R 1ASII:AE\n",
+         ":1: item \"1ASII:AE\" mixes packet types of codes of several kinds; give E an item of its own"},
+        {"RRPASS01_R BOARDS:M\n", ":1: code \"BOARDS\" is none; give 1 to 5 characters"},
+        {"RRPASS01_R :@\n", ":1: code \"\" is none; give 1 to 11 characters"},
         {"RSTICK11_R 1ASII Price=1\n",
          ":1: field \"Price\" may be each of Head.Price, Row.Price; name one in full"},
         {"RSTICK11_R 1ASII Date=202611201\n",
