@@ -12,7 +12,6 @@
 #include "tests/tools/tool_runs.h"
 #include "tools/capture.h"
 #include "tools/code_page.h"
-#include "tools/packet_fields.h"
 #include "tools/text.h"
 
 namespace {
@@ -159,18 +158,6 @@ TEST_F(Streams, HeadlinesOfAllDesks) {
     EXPECT_NEAR(seen["all"], 1200, 100);
     for (const char* kind : {"indented", "cut", "Korean", "stock"}) {
         EXPECT_TRUE(seen[kind] > 20 && seen[kind] < 600) << kind << " " << seen[kind];
-    }
-}
-
-// No byte of a packet is told twice or not at all.
-TEST(PacketFields, CoverThePackets) {
-    for (const tools::LayoutTable& packet : tools::PassedPackets()) {
-        std::size_t end = 0;
-        for (const tools::Field& field : packet.Fields) {
-            EXPECT_EQ(field.Offset, end) << packet.Title << " " << field.Name;
-            end += field.Width;
-        }
-        EXPECT_EQ(end, packet.Size) << packet.Title;
     }
 }
 
