@@ -2,7 +2,9 @@
 
 #include <iconv.h>
 
+#include <cerrno>
 #include <cstdint>
+#include <optional>
 
 #include "tools/errors.h"
 #include "tools/text.h"
@@ -14,9 +16,12 @@ namespace {
 constexpr auto kFirstOfPair = static_cast<unsigned char>('\x81');
 constexpr std::size_t kPair = 2;
 
+constexpr char kUnicode[] = "UTF-8";
+constexpr char kCodePage[] = "CP949";
+
 class Converter {
 public:
-    Converter() : m_hTable(iconv_open("UTF-8", "CP949")) {
+    Converter(const char* from, const char* to) : m_hTable(iconv_open(to, from)) {
         if (m_hTable == reinterpret_cast<iconv_t>(-1)) {
             throw Failure(
                 "the system's iconv does not know CP949; install the C library's conversion tables");
@@ -26,17 +31,20 @@ public:
     Converter& operator=(const Converter&) = delete;
     ~Converter() { iconv_close(m_hTable); }
 
-    // Empty for a pair that is none.
-    std::string Pair(std::string_view bytes) const {
+    // Whole letters for which there is room; none for bytes that are no letter.
+    std::optional<std::string> Text(std::string_view bytes, std::size_t most) const {
         std::string in(bytes);
-        char out[8];
+        std::string out(most, ' ');
         char* from = in.data();
-        char* to = out;
+        char* to = out.data();
         std::size_t left = in.size();
-        std::size_t room = sizeof(out);
+        std::size_t room = most;
         iconv(m_hTable, nullptr, nullptr, nullptr, nullptr);
-        const std::size_t result = iconv(m_hTable, &from, &left, &to, &room);
-        return result == static_cast<std::size_t>(-1) ? "" : std::string(out, to);
+        if (iconv(m_hTable, &from, &left, &to, &room) == static_cast<std::size_t>(-1) && errno != E2BIG) {
+            return std::nullopt;
+        }
+        out.resize(most - room);
+        return out;
     }
 
 private:
@@ -81,16 +89,27 @@ bool IsWide(uint32_t point) {
 }  // namespace
 
 std::string ShownText(std::string_view bytes) {
-    static const Converter converter;
+    static const Converter converter(kCodePage, kUnicode);
+    constexpr std::size_t kLongest = 8;
     bytes = bytes.substr(0, bytes.find('\0'));
     std::string text;
     while (!bytes.empty()) {
         const bool inPair = static_cast<unsigned char>(bytes[0]) >= kFirstOfPair && bytes.size() >= kPair;
-        const std::string letter = inPair ? converter.Pair(bytes.substr(0, kPair)) : "";
+        const std::string letter =
+            inPair ? converter.Text(bytes.substr(0, kPair), kLongest).value_or("") : "";
         text += letter.empty() ? Printable(bytes.substr(0, 1)) : letter;
         bytes.remove_prefix(letter.empty() ? 1 : kPair);
     }
     return text;
+}
+
+std::string CodePageText(std::string_view text, std::size_t most) {
+    static const Converter converter(kUnicode, kCodePage);
+    const std::optional<std::string> bytes = converter.Text(text, most);
+    if (!bytes) {
+        throw Failure("text " + Quoted(text) + " is not one of code page 949");
+    }
+    return *bytes;
 }
 
 std::size_t ShownWidth(std::string_view text) {

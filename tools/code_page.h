@@ -12,6 +12,10 @@ namespace tools {
 // shown as by Printable.
 std::string ShownText(std::string_view bytes);
 
+// The other way: as many letters of a UTF-8 text as take up to `most` bytes. Failure for one that the code
+// page does not have.
+std::string CodePageText(std::string_view text, std::size_t most);
+
 // How wide a terminal draws what ShownText gives: a syllable takes two columns.
 std::size_t ShownWidth(std::string_view text);
 

@@ -81,6 +81,26 @@ WholePacket<BookPacket> MakeBook(const Book& book) {
     return whole;
 }
 
+WholePacket<BrokerPacket> MakeBrokers(const BrokerTotals& totals, Timestamp local) {
+    WholePacket<BrokerPacket> whole;
+    BrokerPacket& packet = whole.Payload;
+    FillBlank(packet);
+    packet.Key = KeyOf(totals.Of->Code);
+    PutLeft(packet.Time, TimeText(local));
+    for (std::size_t number = 0; number < std::size(packet.Rows); ++number) {
+        BrokerRow& row = packet.Rows[number];
+        if (number < totals.First.size()) {
+            PutLeft(row.Broker1, totals.First[number].Code);
+            PutDigits(row.Qty1, totals.First[number].Quantity);
+        }
+        if (number < totals.Second.size()) {
+            PutLeft(row.Broker2, totals.Second[number].Code);
+            PutDigits(row.Qty2, totals.Second[number].Quantity);
+        }
+    }
+    return whole;
+}
+
 WholePacket<NavPacket> MakeNav(const Fund& fund, bool close) {
     WholePacket<NavPacket> whole;
     NavPacket& nav = whole.Payload;

@@ -4,6 +4,7 @@
 
 #include "framework/packets.h"
 #include "tools/books.h"
+#include "tools/broker_totals.h"
 #include "tools/indices.h"
 #include "tools/market.h"
 #include "tools/minute_bar.h"
@@ -24,6 +25,9 @@ WholePacket<TradePacket> MakeTrade(const Deal& deal, Timestamp local);
 
 // A level without a price is 0.
 WholePacket<BookPacket> MakeBook(const Book& book);
+
+// The ten largest on each side; rows are blank where fewer have traded.
+WholePacket<BrokerPacket> MakeBrokers(const BrokerTotals& totals, Timestamp local);
 
 // With `close` both closing values, otherwise the indicative one.
 WholePacket<NavPacket> MakeNav(const Fund& fund, bool close);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tools/news_packets.h"
 #include "tools/order_packets.h"
 
 namespace tools {
@@ -11,9 +12,10 @@ namespace {
 // What comes within this time goes into one batch.
 constexpr std::chrono::milliseconds kGather(50);
 
-// Dice of their own leave the market's as they fall without orders.
+// Dice of their own leave the market's as they fall without orders and others.
 constexpr uint64_t kOrderDice = 0x0D1CE;
 constexpr uint64_t kOrderFlow = 0x0F10A;
+constexpr uint64_t kOtherDice = 0x07E2;
 
 }  // namespace
 
@@ -21,9 +23,13 @@ Feed::Feed(const FeedOptions& options, CaptureWriter& capture)
     : m_Capture(capture),
       m_Offset(options.Offset),
       m_nOrders(options.Orders),
+      m_nOthers(options.Others),
       m_Market(options.Seed, options.Stocks, options.Funds),
       m_Derived(m_Market, options.Seed, options.Bars),
       m_Books(m_Market.Stocks(), options.Seed, options.Books),
+      m_Brokers(m_Market.Stocks(), options.Seed, options.Brokers),
+      m_News(m_Market.Stocks(), options.Seed, options.News),
+      m_OtherDice(options.Seed + kOtherDice),
       m_OrderDice(options.Seed + kOrderDice),
       m_Orders(m_Market, options.Seed + kOrderFlow),
       m_Session(options.Day, options.Minutes, options.Packets) {}
@@ -37,8 +43,12 @@ bool Feed::WriteBatch() {
     for (int number = 0; number < m_Session.BatchSize(); ++number) {
         const Timestamp time = m_Session.PacketTime(number);
         WriteDue(time);
-        WriteBook(time, WriteMarketPacket(time));
+        const Stock* const traded = WriteMarketPacket(time);
+        WriteBook(time, traded);
         WriteOrderNotice(time);
+        WriteBrokers(time, traded);
+        WriteNews(time);
+        WriteOther(time);
     }
     WriteDue(m_Session.BatchEnd());
     m_Capture.BatchEnd(m_Session.BatchEnd() - m_Offset);
@@ -83,12 +93,37 @@ const Stock* Feed::WriteMarketPacket(Timestamp local) {
     const Deal deal = m_Market.NextDeal();
     Write(local, MakeTrade(deal, local));
     m_Derived.Take(deal, local);
+    m_Brokers.Take(deal);
     return deal.Of;
 }
 
 void Feed::WriteBook(Timestamp local, const Stock* traded) {
     if (const Book* book = m_Books.Next(traded)) {
         Write(local, MakeBook(*book));
+    }
+}
+
+void Feed::WriteBrokers(Timestamp local, const Stock* traded) {
+    if (const BrokerTotals* totals = m_Brokers.Next(traded)) {
+        Write(local, MakeBrokers(*totals, local));
+    }
+}
+
+void Feed::WriteNews(Timestamp local) {
+    if (const std::optional<Headline> headline = m_News.Next()) {
+        Write(local, MakeNews(*headline, local));
+    }
+}
+
+void Feed::WriteOther(Timestamp local) {
+    if (!m_OtherDice.Chance(m_nOthers)) {
+        return;
+    }
+    const int64_t number = ++m_nOtherPackets;
+    if (m_OtherDice.Chance(50)) {
+        Write(local, MakeMarketNotice(number));
+    } else {
+        Write(local, MakeSpecialNotice(number));
     }
 }
 

@@ -4,10 +4,12 @@
 #define TICKMUX_TOOLS_FEED_H
 
 #include "tools/books.h"
+#include "tools/broker_totals.h"
 #include "tools/capture.h"
 #include "tools/derived_feed.h"
 #include "tools/emitters.h"
 #include "tools/market.h"
+#include "tools/news.h"
 #include "tools/orders.h"
 #include "tools/session.h"
 
@@ -20,8 +22,11 @@ struct FeedOptions {
     int64_t Packets = 0;  // trades and fund values; the rest comes on top
     int Stocks = 20;
     int Funds = 2;
-    int Books = 20;  // per cent of Packets
-    int Orders = 3;  // order notices, per cent of Packets
+    int Books = 20;   // per cent of Packets
+    int Orders = 3;   // order notices, per cent of Packets; so are the next three
+    int Brokers = 3;  // broker summaries
+    int News = 1;     // headlines
+    int Others = 1;   // packets that nobody reads
     BarFaults Bars;
     UtcOffset Offset{0};  // the exchange's clock against the capture's times
 };
@@ -43,6 +48,9 @@ private:
     // Gives the stock, if it was a trade.
     const Stock* WriteMarketPacket(Timestamp local);
     void WriteBook(Timestamp local, const Stock* traded);
+    void WriteBrokers(Timestamp local, const Stock* traded);
+    void WriteNews(Timestamp local);
+    void WriteOther(Timestamp local);
     void WriteOrderNotice(Timestamp local);
     template <class Packet>
     void Write(Timestamp local, const WholePacket<Packet>& packet) {
@@ -52,9 +60,14 @@ private:
     CaptureWriter& m_Capture;
     const UtcOffset m_Offset;
     const int m_nOrders;
+    const int m_nOthers;
     Market m_Market;
     DerivedFeed m_Derived;
     Books m_Books;
+    BrokerSummaries m_Brokers;
+    NewsWire m_News;
+    Random m_OtherDice;
+    int64_t m_nOtherPackets = 0;
     Random m_OrderDice;
     OrderFlow m_Orders;
     Session m_Session;

@@ -28,7 +28,7 @@ constexpr char kHelp[] =
     "  --date YYYYMMDD      its day (default 20261120)\n"
     "  --minutes N          only the first minutes of the session, 1 to 420 (default 420)\n"
     "  --packets N          how many trades and fund values, spread over those minutes (default 20 a minute\n"
-    "                       and stock); books, bars, index updates and order notices come on top\n"
+    "                       and stock); all else comes on top\n"
     "  --stocks N           1 to 10000 (default 20); the first is ASII on board 1\n"
     "  --funds N            0 to 99 (default 2): FUND01, FUND02 ... on board 1\n"
     "  --books N            books for each 100 of --packets, 0 to 100 (default 20): most come behind a "
@@ -37,6 +37,11 @@ constexpr char kHelp[] =
     "  --orders N           order notices for each 100 of --packets, 0 to 100 (default 3): whole lives of "
     "orders\n"
     "                       of TRADER01 with user field ACC001, and of others\n"
+    "  --brokers N          broker summaries for each 100 of --packets, 0 to 100 (default 3)\n"
+    "  --news N             headlines for each 100 of --packets, 0 to 100 (default 1)\n"
+    "  --others N           M and @ packets, of codes BOARD and SESSION, for each 100 of --packets, 0 to "
+    "100\n"
+    "                       (default 1)\n"
     "  --late-bars N        per cent of the bars that come 10 to 90 seconds late (default 0)\n"
     "  --doubled-bars N     per cent of the bars that come twice (default 0)\n"
     "  --missing-bars N     per cent of the bars that do not come (default 0)\n"
@@ -66,6 +71,9 @@ Arguments ReadArguments(int argc, char** argv) {
                                      {"funds", required_argument, nullptr, 'f'},
                                      {"books", required_argument, nullptr, 'n'},
                                      {"orders", required_argument, nullptr, 'r'},
+                                     {"brokers", required_argument, nullptr, 'c'},
+                                     {"news", required_argument, nullptr, 't'},
+                                     {"others", required_argument, nullptr, 'e'},
                                      {"utc-offset", required_argument, nullptr, 'u'},
                                      {"late-bars", required_argument, nullptr, 'l'},
                                      {"doubled-bars", required_argument, nullptr, 'b'},
@@ -101,6 +109,15 @@ Arguments ReadArguments(int argc, char** argv) {
                 break;
             case 'r':
                 arguments.Feed.Orders = PercentOption("orders", value);
+                break;
+            case 'c':
+                arguments.Feed.Brokers = PercentOption("brokers", value);
+                break;
+            case 't':
+                arguments.Feed.News = PercentOption("news", value);
+                break;
+            case 'e':
+                arguments.Feed.Others = PercentOption("others", value);
                 break;
             case 'l':
                 arguments.Feed.Bars.Late = PercentOption("late-bars", value);

@@ -10,18 +10,26 @@
 #include <utility>
 #include <vector>
 
+#include "framework/little.h"
 #include "framework/shapes.h"
 
 namespace tools {
 
-// Fields of fields are named with the way to them: "Field1.Value".
+// Fields of fields are named with the way to them: "Field1.Value", and "Rows3.Broker1" of the third of rows.
 struct Field {
     std::string Name;
     std::size_t Offset;
     std::size_t Width;
+    bool IsNumber = false;  // a Little<> integer, otherwise text
 
     std::string_view Of(std::string_view buffer) const { return buffer.substr(Offset, Width); }
+    bool IsReserved() const { return Name.find("Reserved") != std::string::npos; }
 };
+
+template <class Member>
+inline constexpr bool kIsNumber = false;
+template <class Integer>
+inline constexpr bool kIsNumber<Little<Integer>> = true;
 
 class FieldCollector {
 public:
@@ -33,16 +41,27 @@ public:
 
     template <class Member>
     void operator()(const char* name, const Member& member) const {
-        const char* place = reinterpret_cast<const char*>(&member);
-        const std::size_t offset = m_nOffset + static_cast<std::size_t>(place - m_pOrigin);
-        if constexpr (std::is_class_v<Member>) {
-            Describe(member, FieldCollector(place, offset, m_Prefix + name + ".", m_Fields));
+        if constexpr (std::is_class_v<std::remove_extent_t<Member>> && std::is_array_v<Member>) {
+            for (std::size_t i = 0; i < std::extent_v<Member>; ++i) {
+                Add(name + std::to_string(i + 1), member[i]);
+            }
         } else {
-            m_Fields.push_back({m_Prefix + name, offset, sizeof(Member)});
+            Add(name, member);
         }
     }
 
 private:
+    template <class Member>
+    void Add(const std::string& name, const Member& member) const {
+        const char* place = reinterpret_cast<const char*>(&member);
+        const std::size_t offset = m_nOffset + static_cast<std::size_t>(place - m_pOrigin);
+        if constexpr (std::is_class_v<Member> && !kIsNumber<Member>) {
+            Describe(member, FieldCollector(place, offset, m_Prefix + name + ".", m_Fields));
+        } else {
+            m_Fields.push_back({m_Prefix + name, offset, sizeof(Member), kIsNumber<Member>});
+        }
+    }
+
     const char* m_pOrigin;
     std::size_t m_nOffset;
     std::string m_Prefix;

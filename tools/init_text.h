@@ -1,4 +1,5 @@
-// An Init text in the making: the request tag, then the parts of the map's layout, with named fields.
+// An Init text in the making: the request tag, unless the map has none, then the parts of the map's layout,
+// with named fields.
 #ifndef TICKMUX_TOOLS_INIT_TEXT_H
 #define TICKMUX_TOOLS_INIT_TEXT_H
 
@@ -7,12 +8,21 @@
 #include <vector>
 
 #include "tools/fields.h"
+#include "tools/text.h"
 
 namespace tools {
 
 class InitText {
 public:
     InitText() : m_Bytes(sizeof(RequestTag), ' '), m_Fields{kTagField} {}
+    static InitText WithoutTag() {
+        InitText text;
+        text.Cut(0);
+        return text;
+    }
+
+    // A screen whose text has none gets buffers without one.
+    bool HasTag() const { return !m_Fields.empty() && m_Fields.front().Name == kTagField.Name; }
 
     // One more part behind the others; its fields' names begin with `name` and a dot unless that is empty.
     template <class Part>
@@ -22,7 +32,18 @@ public:
         m_Bytes.append(reinterpret_cast<const char*>(&part), sizeof(Part));
     }
 
-    // The same for a part of spaces that is told by its fields alone.
+    // A repeat block of one row: "Repeat" and "Row".
+    template <class Row>
+    void AppendRow(const Row& row) {
+        RepeatHead repeat;
+        FillBlank(repeat);
+        PutRight(repeat.Count, "1");
+        PutRight(repeat.Size, std::to_string(sizeof(Row)));
+        Append("Repeat", repeat);
+        Append("Row", row);
+    }
+
+    // The same as Append for a part of spaces that is told by its fields alone.
     void AppendBlank(const std::vector<Field>& fields, std::size_t size);
 
     // Sets a field, spaces behind a shorter value. A field is named in full, "Head.Price", or by its last

@@ -15,12 +15,6 @@ struct EventChars {
 constexpr EventChars kEventChars[] = {{'1', '0', '0'}, {'2', '0', '0'}, {'2', '1', '0'},
                                       {'2', '2', '0'}, {'2', '0', '1'}, {'2', '2', '1'}};
 
-template <std::size_t N>
-void PutDigits(char (&field)[N], int64_t number) {
-    const std::string digits = std::to_string(number);
-    PutRight(field, std::string(N - std::min(N, digits.size()), '0') + digits);
-}
-
 }  // namespace
 
 WholePacket<OrderPacket> MakeOrder(const OrderNotice& notice) {

@@ -38,7 +38,7 @@ void AddTable(std::string& text, const LayoutTable& table) {
         if (field.Offset > end) {
             AddLine(text, end, field.Offset - end, "(reserved)");
         }
-        AddLine(text, field.Offset, field.Width, field.Name);
+        AddLine(text, field.Offset, field.Width, field.Name + (field.IsNumber ? " (integer)" : ""));
         end = field.Offset + field.Width;
     }
     if (table.Offset + table.Size > end) {
@@ -99,15 +99,16 @@ std::string LayoutsPage() {
     std::string text =
         "# Layouts\n\nWhat each map's Init text holds and what its screen receives, as `tickreplay "
         "--layouts` "
-        "prints it. Offsets\ncount from the first byte of the request tag; an Init text ends with a zero "
-        "byte "
-        "behind its last field.\n";
+        "prints it. Offsets\ncount from the first byte, with the request tag; an Init text ends with a zero "
+        "byte behind its last field. Integers are\nlittle-endian; all else is text.\n";
     for (const ScreenKind* kind : ScreenKinds()) {
         text += std::string("\n## ") + kind->Map + "\n";
         AddTable(text, kind->MakeInit(kind->SampleKey, {}).Table());
-        for (const LayoutTable& table : kind->Display()) {
+        const std::vector<LayoutTable> display = kind->Display();
+        for (const LayoutTable& table : display) {
             AddTable(text, table);
         }
+        text += display.empty() ? "\nNo display buffer.\n" : "";
     }
     return text;
 }

@@ -39,6 +39,7 @@ void Terminal::Open(const ScreenKind& kind, std::string title, InitText init, st
     OpenScreen& screen = *m_Screens.back();
     m_Contexts.push_back(std::make_unique<WindowContext>(WindowContext{this, &screen}));
     screen.Title = std::move(title);
+    screen.TagSize = init.HasTag() ? sizeof(RequestTag) : 0;
     screen.View = kind.Open(init, rows);
     screen.Window = tickhost_create_window(OnScreenMessage, m_Contexts.back().get());
     const tickmux_handle handle = m_Module->RegistMap(screen.Window, kind.Map);
@@ -80,7 +81,7 @@ intptr_t Terminal::OnScreenMessage(void* context, HWND /*window*/, uint32_t mess
                tickhost_take_view_item(reinterpret_cast<void*>(wParam), &data, &length) != 0) {
         ++target->Messages;
         owner->m_Arrivals.push_back({target, std::unique_ptr<char, ViewDataDeleter>(data),
-                                     sizeof(RequestTag) + static_cast<std::size_t>(length)});
+                                     target->TagSize + static_cast<std::size_t>(length)});
     }
     return 0;
 }

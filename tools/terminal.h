@@ -24,6 +24,7 @@ struct ViewDataDeleter {
 struct OpenScreen {
     std::string Title;  // map and key
     std::unique_ptr<Screen> View;
+    std::size_t TagSize = 0;  // in front of each buffer, beside the length that comes with it
     HWND Window = nullptr;
     tickmux_handle Handle = 0;
     uint64_t Messages = 0;
@@ -35,7 +36,7 @@ struct OpenScreen {
 struct Arrival {
     OpenScreen* Target;
     std::unique_ptr<char, ViewDataDeleter> Data;
-    std::size_t Size;  // with the request tag
+    std::size_t Size;  // with the request tag, if there is one
 
     std::string_view Buffer() const { return {Data.get(), Size}; }
 };

@@ -49,6 +49,13 @@ void PutRight(char (&field)[N], std::string_view text) {
     std::memcpy(field + N - length, text.data(), length);
 }
 
+// A number over the whole field, zeros in front.
+template <std::size_t N>
+void PutDigits(char (&field)[N], int64_t number) {
+    const std::string digits = std::to_string(number);
+    PutRight(field, std::string(N - std::min(N, digits.size()), '0') + digits);
+}
+
 }  // namespace tools
 
 #endif

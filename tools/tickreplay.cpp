@@ -39,7 +39,11 @@ constexpr char kHelp[] =
     "A panel shows the fields from FirstField to LastField of its line (default: all); the volume by price "
     "has\n"
     "bars against the largest one.\n"
+    "The pass-through shows the newest packet of each type, field by field.\n"
     "A line of WORKSPACE is MAP KEY [Field=value ...], such as: RSTICK11_R 1ASII Date=20261120\n"
+    "The key of news is the first digit of its categories, 0 for all. Subscription holder and pass-through "
+    "take\n"
+    "items CODE:TYPES with the packet types that are wanted: RRPASS01_R 1ASII:ABCD,COMP:EF,1FUND01:N,:T0\n"
     "A capture is a pcap file of link type USER0; feedgen writes one.\n"
     "Exit status: 0 done, 1 failed, 2 bad input.\n";
 
@@ -128,7 +132,9 @@ std::vector<ScreenToOpen> ScreensOf(const std::vector<WorkspaceLine>& workspace,
         try {
             const ScreenKind& kind = FindScreenKind(line.Map);
             InitText init = kind.MakeInit(line.Key, defaults);
-            init.Set("Tag", std::to_string(kTags + screens.size() % kTags).substr(1));
+            if (init.HasTag()) {
+                init.Set("Tag", std::to_string(kTags + screens.size() % kTags).substr(1));
+            }
             for (const auto& [name, value] : line.Fields) {
                 init.Set(name, value);
             }

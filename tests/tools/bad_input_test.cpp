@@ -114,8 +114,9 @@ TEST_F(BadInputTest, WorkspaceLines) {
     } cases[] = {
         {"# nothing\n", ": names no screen; add a line such as RSTICK11_R 1ASII"},
         {"RSTICK11_R 1ASII\n\nRSTICK12_R 1ASII\n",
-         ":3: unknown map \"RSTICK12_R\"; known: RICAND11_R, RITRDE01_R, RITRDE02_R, RSCAND11_R, RSETFNAV_R, "
-         "RSNOCH21_R, RSORDE21_R, RSORDE22_R, RSTICK11_R, RSTRBK01_R, RSTRDE01_R"},
+         ":3: unknown map \"RSTICK12_R\"; known: RDUMMY01_R, RICAND11_R, RINTIK01_R, RINTIK11_R, RITRDE01_R, "
+         "RITRDE02_R, RRNEWS01_R, RRPASS01_R, RSBRSM01_R, RSCAND11_R, RSDONE01_R, RSETFNAV_R, RSNOCH21_R, "
+         "RSORDE21_R, RSORDE22_R, RSTICK11_R, RSTRBK01_R, RSTRDE01_R"},
         {"RSTICK11_R # key\n", ":1: no key behind \"RSTICK11_R\"; write MAP KEY [Field=value ...]"},
         {"RSTICK11_R 1ASII Date\n",
          ":1: \"Date\" is not of the form Field=value; write MAP KEY [Field=value ...]"},
@@ -149,6 +150,17 @@ TEST_F(BadInputTest, WorkspaceLines) {
          ":1: unknown field \"Field56\"; known: Tag, Key.Board, Key.Code, FirstField, LastField, Field0 to "
          "Field55"},
         {"RITRDE02_R COMP,\n", ":1: key \"\" is no index; give a code of up to 4 characters, such as COMP"},
+        {"RRNEWS01_R 3\n",
+         ":1: key \"3\" selects no headlines; give 0 for all, or 1, 2 or 9 for the categories that begin so"},
+        {"RDUMMY01_R 1ASII:A,1ASII\n",
+         ":1: item \"1ASII\" does not tell packet types; write CODE:TYPES,CODE:TYPES ..., such as "
+         "1ASII:ABCD,COMP:EF"},
+        {"RDUMMY01_R 1ASII:AN\n", ":1: packet type \"N\" is none of ABCDEF"},
+        {"RRPASS01_R 1ASII:AR\n", ":1: packet type \"R\" is none of ABCDEFMNT0@"},
+        {"RRPASS01_R 1ASII:AE\n",
+         ":1: item \"1ASII:AE\" mixes packet types of codes of several kinds; give E an item of its own"},
+        {"RRPASS01_R BOARDS:M\n", ":1: code \"BOARDS\" is none; give 1 to 5 characters"},
+        {"RRPASS01_R :@\n", ":1: code \"\" is none; give 1 to 11 characters"},
         {"RSTICK11_R 1ASII Price=1\n",
          ":1: field \"Price\" may be each of Head.Price, Row.Price; name one in full"},
         {"RSTICK11_R 1ASII Date=202611201\n",

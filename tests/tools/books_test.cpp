@@ -168,38 +168,4 @@ TEST(Books, EndAtTheDailyLimits) {
     EXPECT_EQ(audit.Empty(), 4);
 }
 
-TEST(Books, ComeOnTopOfWhatIsThereWithoutThem) {
-    const ScratchFolder folder;
-    struct Session {
-        std::string Whole;
-        std::string Others;  // all that is no book, with times and batch ends
-        int Market = 0;
-        int Books = 0;
-    };
-    const auto read = [&folder](const std::string& options) {
-        const std::string path = folder.Path("session.pcap");
-        EXPECT_EQ(RunTool("feedgen", "--minutes 20 --seed 5 --output " + path + " " + options).Status, 0);
-        Session session{ReadFile(path), "", 0, 0};
-        tools::CaptureReader capture(path);
-        tools::CaptureRecord record;
-        while (capture.Next(record)) {
-            const char type = record.EndsBatch() ? ' ' : record.Bytes[0];
-            session.Market += type == TradePacket::kType || type == NavPacket::kType ? 1 : 0;
-            if (type == BookPacket::kType) {
-                ++session.Books;
-                continue;
-            }
-            session.Others += std::to_string(record.Time.time_since_epoch().count());
-            session.Others.append(record.Bytes, static_cast<std::size_t>(record.Length));
-        }
-        return session;
-    };
-    const Session without = read("--books 0");
-    const Session all = read("--books 100");
-    EXPECT_EQ(all.Books, all.Market);
-    EXPECT_TRUE(all.Others == without.Others);
-    EXPECT_TRUE(all.Whole == read("--books 100").Whole);
-    EXPECT_TRUE(read("").Whole == read("--books 20").Whole);
-}
-
 }  // namespace

@@ -175,23 +175,4 @@ TEST(OrderFeed, TellsConsistentLives) {
     }
 }
 
-// The market's packets are the same whatever the share of notices is.
-TEST(OrderFeed, OrdersLeaveTheMarketAsItIs) {
-    const ScratchFolder folder;
-    const auto trades = [&folder](const std::string& options) {
-        const std::string path = folder.Path("market.pcap");
-        EXPECT_EQ(RunTool("feedgen", "--minutes 2 --output " + path + options).Status, 0);
-        tools::CaptureReader capture(path);
-        tools::CaptureRecord record;
-        std::string bytes;
-        while (capture.Next(record)) {
-            if (record.Length > 0 && record.Bytes[0] != OrderPacket::kType) {
-                bytes.append(record.Bytes, static_cast<std::size_t>(record.Length));
-            }
-        }
-        return bytes;
-    };
-    EXPECT_EQ(trades(" --orders 0"), trades(" --orders 100"));
-}
-
 }  // namespace

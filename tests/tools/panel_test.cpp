@@ -1,30 +1,18 @@
 // What the panels of fields, the board of indices and the volume by price show of a small capture.
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
 
 #include "layouts/RITRDE02.h"
 #include "layouts/RSTRBK01.h"
-#include "tests/tools/tool_runs.h"
-#include "tools/capture.h"
-#include "tools/emitters.h"
+#include "tests/tools/small_capture.h"
 #include "tools/screens/screen.h"
 
 namespace {
 
-const tools::Timestamp kMorning = tools::ParseDate("20261120") + std::chrono::hours(9);
-
-class PanelTest : public testing::Test {
+class PanelTest : public SmallCapture {
 protected:
-    void Trade(int32_t price, int32_t volume) {
-        m_Stock.Price = price;
-        m_Stock.TradeCount += 1;
-        m_Stock.TotalVolume += volume;
-        m_Stock.TotalValue += int64_t{price} * volume * tools::kLotSize;
-        Write(tools::MakeTrade({&m_Stock, volume, 0, {"B01", 'D'}, {"B03", 'F'}, 1}, kMorning));
-    }
-    void Book() { Write(tools::MakeBook({&m_Stock, {{{995, 40}, {985, 7}}, 50}, {{{1010, 8}}, 8}})); }
+    void Book() { Write(tools::MakeBook({&Asii, {{{995, 40}, {985, 7}}, 50}, {{{1010, 8}}, 8}})); }
     void Index(const std::string& code, int32_t value, int32_t rising) {
         tools::Index index{code, 1000'0000, 3};
         index.Value = index.High = value;
@@ -33,27 +21,8 @@ protected:
         index.TotalValue = 123'000;
         index.TradeCount = 12;
         index.Rising = rising;
-        Write(tools::MakeIndex(index, kMorning));
+        Write(tools::MakeIndex(index, Morning));
     }
-    void EndBatch() { m_Writer.BatchEnd(kMorning); }
-
-    std::string Replay(const std::string& options, const std::string& workspace) {
-        m_Writer.Close();
-        const Outcome outcome = RunTool(
-            "tickreplay", options + " " + m_Folder.File("w", workspace) + " " + m_Folder.Path("p.pcap"));
-        EXPECT_EQ(outcome.Status, 0);
-        return outcome.Text.substr(0, outcome.Text.find("Summary\n"));
-    }
-
-private:
-    template <class Packet>
-    void Write(const tools::WholePacket<Packet>& packet) {
-        m_Writer.Packet(kMorning, &packet, sizeof(packet));
-    }
-
-    const ScratchFolder m_Folder;
-    tools::CaptureWriter m_Writer{m_Folder.Path("p.pcap")};
-    tools::Stock m_Stock{"ASII", 1000, tools::LimitsOf(1000), 1000, 1000, 1005, 995};
 };
 
 TEST_F(PanelTest, StockFieldsOfARange) {

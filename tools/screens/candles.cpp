@@ -6,7 +6,6 @@
 #include "tools/errors.h"
 #include "tools/screens/candle_chart.h"
 #include "tools/screens/row_list.h"
-#include "tools/screens/row_table.h"
 #include "tools/screens/screen.h"
 #include "tools/text.h"
 
@@ -82,16 +81,11 @@ InitText MakeInit(std::string_view key, const InitDefaults& defaults) {
     PutLeft(init.RequestDate, defaults.Date);
     PutLeft(init.Date, defaults.Date);
     init.Head.Period = kDefaultPeriod;
-    RepeatHead repeat;
-    FillBlank(repeat);
-    PutRight(repeat.Count, "1");
-    PutRight(repeat.Size, std::to_string(sizeof(Row)));
     Row newest;
     FillBlank(newest);
     InitText text;
     text.Append("", init);
-    text.Append("Repeat", repeat);
-    text.Append("Row", newest);
+    text.AppendRow(newest);
     return text;
 }
 

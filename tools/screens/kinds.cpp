@@ -4,22 +4,32 @@
 
 namespace tools {
 
+extern const ScreenKind kBrokerSummary;
+extern const ScreenKind kFills;
 extern const ScreenKind kFilteredOrders;
 extern const ScreenKind kFundValues;
 extern const ScreenKind kIndexBoard;
 extern const ScreenKind kIndexCandles;
+extern const ScreenKind kIndexChartTicks;
 extern const ScreenKind kIndexPanelScreen;
+extern const ScreenKind kIndexTicks;
+extern const ScreenKind kNews;
 extern const ScreenKind kOpenOrders;
 extern const ScreenKind kOrderList;
+extern const ScreenKind kPassThrough;
 extern const ScreenKind kPriceTable;
 extern const ScreenKind kStockCandles;
 extern const ScreenKind kStockPanelScreen;
+extern const ScreenKind kSubscriptionHolder;
 extern const ScreenKind kTickList;
 
 const std::vector<const ScreenKind*>& ScreenKinds() {
     static const std::vector<const ScreenKind*> kinds = {
-        &kIndexCandles, &kIndexPanelScreen, &kIndexBoard, &kStockCandles, &kFundValues,      &kOpenOrders,
-        &kOrderList,    &kFilteredOrders,   &kTickList,   &kPriceTable,   &kStockPanelScreen};
+        &kSubscriptionHolder, &kIndexCandles,    &kIndexTicks,     &kIndexChartTicks,
+        &kIndexPanelScreen,   &kIndexBoard,      &kNews,           &kPassThrough,
+        &kBrokerSummary,      &kStockCandles,    &kFills,          &kFundValues,
+        &kOpenOrders,         &kOrderList,       &kFilteredOrders, &kTickList,
+        &kPriceTable,         &kStockPanelScreen};
     return kinds;
 }
 

@@ -5,20 +5,12 @@
 
 namespace tools {
 
-namespace {
-
-bool IsReserved(const Field& field) {
-    return field.Name.find("Reserved") != std::string::npos;
-}
-
-}  // namespace
-
 std::string FieldLines(const LayoutTable& layout, std::string_view buffer) {
     std::vector<std::pair<std::string, std::string>> lines;
     std::size_t width = 0;
     for (const Field& field : layout.Fields) {
         const std::string_view value = Trim(field.Of(buffer));
-        if (!value.empty() || !IsReserved(field)) {
+        if (!value.empty() || !field.IsReserved()) {
             lines.emplace_back(field.Name, Printable(value));
             width = std::max(width, field.Name.size());
         }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "tools/screens/row_table.h"
 #include "tools/screens/screen.h"
 
 namespace tools {
@@ -33,6 +34,12 @@ private:
     std::string m_LatestFront;
     std::string m_Newest;  // rows, oldest first; now and then cut down to those that are kept
 };
+
+// How a kind opens one whose image shows as many rows as the user wants.
+template <class Front, class Row>
+std::unique_ptr<Screen> OpenRowList(const InitText& /*init*/, std::size_t rows) {
+    return std::make_unique<RowList>(RowsTables<Front, Row>(), rows);
+}
 
 }  // namespace tools
 

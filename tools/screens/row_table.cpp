@@ -19,7 +19,10 @@ public:
         m_bRight = m_bRight || (!trimmed.empty() && text.front() == ' ');
         m_Cells.push_back(ShownText(trimmed));
         m_nWidth = std::max(m_nWidth, ShownWidth(m_Cells.back()));
+        m_bBlank = m_bBlank && trimmed.empty();
     }
+
+    bool IsBlank() const { return m_bBlank; }
 
     std::string Cell(std::size_t line) const {
         const std::string& cell = m_Cells[line];
@@ -31,6 +34,7 @@ private:
     std::vector<std::string> m_Cells;
     std::size_t m_nWidth;
     bool m_bRight = false;
+    bool m_bBlank = true;
 };
 
 }  // namespace
@@ -50,6 +54,9 @@ std::string RowTable(const LayoutTable& row, std::string_view rows) {
         columns.emplace_back(field.Name);
         for (std::size_t at = 0; at < rows.size(); at += row.Size) {
             columns.back().Add(rows.substr(at + field.Offset - row.Offset, field.Width));
+        }
+        if (field.IsReserved() && columns.back().IsBlank()) {
+            columns.pop_back();
         }
     }
     std::string text;

@@ -22,7 +22,8 @@ std::vector<LayoutTable> RowsTables() {
 // How many rows stand behind the front of a buffer. Failure for a buffer that ends within one.
 std::size_t RowsIn(const LayoutTable& front, const LayoutTable& row, std::string_view buffer);
 
-// The bytes of whole rows, one line each, under the fields' names. A column is as wide as its widest value.
+// The bytes of whole rows, one line each, under the fields' names. A column is as wide as its widest
+// value; a reserved one shows if it holds something.
 std::string RowTable(const LayoutTable& row, std::string_view rows);
 
 }  // namespace tools

@@ -14,7 +14,8 @@
 
 namespace tools {
 
-// One open screen. It keeps what its last image takes; buffers come with their request tag.
+// One open screen. It keeps what its last image takes; buffers come with their request tag, if they
+// have one.
 class Screen {
 public:
     Screen() = default;

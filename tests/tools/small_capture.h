@@ -1,0 +1,46 @@
+// A capture of a few packets, all of one moment, and what a replay of it shows.
+#ifndef TICKMUX_TESTS_TOOLS_SMALL_CAPTURE_H
+#define TICKMUX_TESTS_TOOLS_SMALL_CAPTURE_H
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+
+#include "tests/tools/tool_runs.h"
+#include "tools/capture.h"
+#include "tools/emitters.h"
+
+class SmallCapture : public testing::Test {
+protected:
+    template <class Packet>
+    void Write(const tools::WholePacket<Packet>& packet) {
+        m_Writer.Packet(Morning, &packet, sizeof(packet));
+    }
+    void Trade(int32_t price, int32_t volume) {
+        Asii.Price = price;
+        Asii.TradeCount += 1;
+        Asii.TotalVolume += volume;
+        Asii.TotalValue += int64_t{price} * volume * tools::kLotSize;
+        Write(tools::MakeTrade({&Asii, volume, 0, {"B01", 'D'}, {"B03", 'F'}, 1}, Morning));
+    }
+    void EndBatch() { m_Writer.BatchEnd(Morning); }
+
+    // The images.
+    std::string Replay(const std::string& options, const std::string& workspace) {
+        m_Writer.Close();
+        const Outcome outcome = RunTool(
+            "tickreplay", options + " " + m_Folder.File("w", workspace) + " " + m_Folder.Path("p.pcap"));
+        EXPECT_EQ(outcome.Status, 0);
+        return outcome.Text.substr(0, outcome.Text.find("Summary\n"));
+    }
+
+    const tools::Timestamp Morning = tools::ParseDate("20261120") + std::chrono::hours(9);
+    tools::Stock Asii{"ASII", 1000, tools::LimitsOf(1000), 1000, 1000, 1005, 995};
+
+private:
+    const ScratchFolder m_Folder;
+    tools::CaptureWriter m_Writer{m_Folder.Path("p.pcap")};
+};
+
+#endif
