@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <limits>
 #include <system_error>
 
@@ -41,6 +42,36 @@ Number ReadInteger(const char* src, int n) {
     return static_cast<Number>(negative ? -value : value);
 }
 
+// Digits with a point or without, and nothing but a space behind them: of up to 15 digits the whole number
+// and the power of ten are exact doubles, so that their quotient is the nearest one to the text. False: the
+// text needs the full scan.
+bool ReadPlainDecimal(const char* at, const char* end, double& value) {
+    constexpr int kExactDigits = 15;
+    constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                  1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const char* const first = at;
+    uint64_t number = 0;
+    const auto readDigits = [&] {
+        for (; at != end && IsDigit(*at); ++at) {
+            number = number * 10 + static_cast<uint64_t>(*at - '0');
+        }
+    };
+    readDigits();
+    std::ptrdiff_t digits = at - first;
+    std::ptrdiff_t decimals = 0;
+    if (at != end && *at == '.') {
+        const char* const point = at++;
+        readDigits();
+        decimals = at - point - 1;
+        digits += decimals;
+    }
+    if (digits == 0 || digits > kExactDigits || (at != end && *at != ' ')) {
+        return false;
+    }
+    value = static_cast<double>(number) / kPowers[decimals];
+    return true;
+}
+
 bool IsHexDigit(char c) {
     return IsDigit(c) || ((c | 0x20) >= 'a' && (c | 0x20) <= 'f');
 }
@@ -63,49 +94,10 @@ double BeyondRange(const char* at, const char* end, bool hex) {
     return small ? 0.0 : std::numeric_limits<double>::infinity();
 }
 
-constexpr int kTwoDigits = 100;
-
-struct DigitPairs {
-    char text[kTwoDigits][2];
-};
-
-constexpr DigitPairs MakeDigitPairs() {
-    DigitPairs pairs{};
-    for (int i = 0; i < kTwoDigits; ++i) {
-        pairs.text[i][0] = static_cast<char>('0' + i / 10);
-        pairs.text[i][1] = static_cast<char>('0' + i % 10);
-    }
-    return pairs;
-}
-
-constexpr DigitPairs kDigitPairs = MakeDigitPairs();
-
-void AlignRight(const char* text, int textLen, char* dst, int len) {
-    const int blanks = std::max(len - textLen, 0);
-    std::memset(dst, ' ', static_cast<std::size_t>(blanks));
-    std::memcpy(dst + blanks, text, static_cast<std::size_t>(len - blanks));
-}
-
-template <class Magnitude>
-void WriteInteger(Magnitude magnitude, bool negative, char* dst, int len) {
-    char text[24];
-    char* const end = text + sizeof(text);
-    char* at = end;
-    while (magnitude >= kTwoDigits) {
-        at -= 2;
-        std::memcpy(at, kDigitPairs.text[magnitude % kTwoDigits], 2);
-        magnitude /= kTwoDigits;
-    }
-    if (magnitude >= 10) {
-        at -= 2;
-        std::memcpy(at, kDigitPairs.text[magnitude], 2);
-    } else {
-        *--at = static_cast<char>('0' + magnitude);
-    }
-    if (negative) {
-        *--at = '-';
-    }
-    AlignRight(at, static_cast<int>(end - at), dst, len);
+void AlignRight(const char* text, std::size_t textLen, char* dst, std::size_t len) {
+    const std::size_t blanks = len - std::min(textLen, len);
+    std::memset(dst, ' ', blanks);
+    std::memcpy(dst + blanks, text, len - blanks);
 }
 
 }  // namespace
@@ -124,7 +116,11 @@ void PutColor(char (&tag)[2], int direction) {
 }
 
 int32_t AsciiToLong(const char* src, int n) {
-    return ReadInteger<int32_t>(src, n);
+    return codecs::ReadLong(src, static_cast<std::size_t>(n));
+}
+
+int32_t codecs::ReadAnyLong(const char* src, std::size_t n) {
+    return ReadInteger<int32_t>(src, static_cast<int>(n));
 }
 
 int64_t AsciiToInt64(const char* src, int n) {
@@ -139,6 +135,10 @@ double AsciiToDouble(const char* src, int n) {
 double TextToDouble(const char* src, int n) {
     const char* const end = src + n;
     const char* at = SkipSpaces(src, end);
+    double plain = 0.0;
+    if (ReadPlainDecimal(at, end, plain)) {
+        return plain;
+    }
     const bool negative = at != end && *at == '-';
     if (at != end && (*at == '-' || *at == '+')) {
         ++at;
@@ -165,23 +165,37 @@ double TextToDouble(const char* src, int n) {
 }
 
 void LongToAscii(int32_t value, char* dst, int len) {
-    const auto magnitude = static_cast<uint32_t>(value);
-    WriteInteger(value < 0 ? 0U - magnitude : magnitude, value < 0, dst, len);
+    codecs::PrintInteger(value, dst, static_cast<std::size_t>(len));
 }
 
 void Int64ToAscii(int64_t value, char* dst, int len) {
-    const auto magnitude = static_cast<uint64_t>(value);
-    WriteInteger(value < 0 ? 0U - magnitude : magnitude, value < 0, dst, len);
+    codecs::PrintInteger(value, dst, static_cast<std::size_t>(len));
+}
+
+void codecs::PrintWide(int64_t value, char* dst, std::size_t len) {
+    char text[std::numeric_limits<int64_t>::digits10 + 2];  // one more digit, and the sign
+    const std::to_chars_result result = std::to_chars(text, text + sizeof(text), value);
+    AlignRight(text, static_cast<std::size_t>(result.ptr - text), dst, len);
 }
 
 void DoubleToAscii(double value, char* dst, int len, int dec) {
+    using Print = bool (*)(double value, char* dst, std::size_t len);
+    constexpr Print kPrints[] = {digits::PrintScaled<0>, digits::PrintScaled<1>, digits::PrintScaled<2>,
+                                 digits::PrintScaled<3>, digits::PrintScaled<4>};
+    const auto width = static_cast<std::size_t>(len);
+    if (dec >= static_cast<int>(std::size(kPrints)) || !kPrints[dec](value, dst, width)) {
+        codecs::PrintExactly(value, dst, width, dec);
+    }
+}
+
+void codecs::PrintExactly(double value, char* dst, std::size_t len, int dec) {
     // Sign, the digits of the largest double, the point; decimals come on top.
     constexpr int kLongestInteger = 2 + std::numeric_limits<double>::max_exponent10 + 1;
     constexpr int kMostDecimals = 40;
     char text[kLongestInteger + kMostDecimals];
     const std::to_chars_result result = std::to_chars(text, text + sizeof(text), value,
                                                       std::chars_format::fixed, std::min(dec, kMostDecimals));
-    AlignRight(text, static_cast<int>(result.ptr - text), dst, len);
+    AlignRight(text, static_cast<std::size_t>(result.ptr - text), dst, len);
     if (value == 0.0 && len > 0) {
         dst[len - 1] = '0';
     }

@@ -5,10 +5,15 @@
 #ifndef TICKMUX_FRAMEWORK_CODECS_H
 #define TICKMUX_FRAMEWORK_CODECS_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <string_view>
+#include <type_traits>
+
+#include "framework/digits.h"
 
 // ---- colour tags: the two characters beside a displayed number
 
@@ -57,21 +62,58 @@ inline std::string_view WithoutBlanksBehind(std::string_view text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
+// ---- the ways beneath: a fast one for what fields commonly hold, inlined where the width is known, and the
+// one for everything else
+
+namespace codecs {
+
+void PrintWide(int64_t value, char* dst, std::size_t len);
+void PrintExactly(double value, char* dst, std::size_t len, int dec);
+int32_t ReadAnyLong(const char* src, std::size_t n);
+
+template <class Number>
+void PrintInteger(Number value, char* dst, std::size_t len) {
+    using Magnitude = std::make_unsigned_t<Number>;
+    const auto bits = static_cast<Magnitude>(value);
+    const Magnitude magnitude = value < 0 ? Magnitude{0} - bits : bits;
+    if (magnitude < digits::kFits16) {
+        const digits::Text16 text = digits::Print(magnitude, value < 0);
+        if (text.nLength <= len) {
+            text.CopyTo(dst, len);
+            return;
+        }
+    }
+    PrintWide(value, dst, len);
+}
+
+inline int32_t ReadLong(const char* src, std::size_t n) {
+    uint64_t value = 0;
+    if (n <= 2 * digits::kWord && digits::ReadPadded(digits::Padded16::Of(src, n), value)) {
+        constexpr uint64_t kLargest = std::numeric_limits<int32_t>::max();
+        return static_cast<int32_t>(std::min(value, kLargest));
+    }
+    return ReadAnyLong(src, n);
+}
+
+}  // namespace codecs
+
 // ---- the same by array: the field tells its width
 
 template <std::size_t N>
 void Put(char (&dst)[N], int32_t value) {
-    LongToAscii(value, dst, N);
+    codecs::PrintInteger(value, dst, N);
 }
 
 template <std::size_t N>
 void Put(char (&dst)[N], int64_t value) {
-    Int64ToAscii(value, dst, N);
+    codecs::PrintInteger(value, dst, N);
 }
 
 template <int Decimals, std::size_t N>
 void Put(char (&dst)[N], double value) {
-    DoubleToAscii(value, dst, N, Decimals);
+    if (!digits::PrintScaled<Decimals>(value, dst, N)) {
+        codecs::PrintExactly(value, dst, N, Decimals);
+    }
 }
 
 template <std::size_t N>
@@ -87,7 +129,7 @@ void PutRight(char (&dst)[N], const char (&src)[M]) {
 
 template <std::size_t N>
 int32_t ToLong(const char (&src)[N]) {
-    return AsciiToLong(src, N);
+    return codecs::ReadLong(src, N);
 }
 
 template <std::size_t N>
