@@ -57,6 +57,25 @@ WholePacket<TradePacket> MakeTrade(const Deal& deal, Timestamp local) {
     return whole;
 }
 
+WholePacket<CompactTradePacket> MakeCompactTrade(const Deal& deal, Timestamp local) {
+    const Stock& stock = *deal.Of;
+    const int32_t change = stock.Price - stock.Base;
+    WholePacket<CompactTradePacket> whole;
+    CompactTradePacket& trade = whole.Payload;
+    FillBlank(trade);
+    PutLeft(trade.Time, TimeText(local));
+    trade.Key = KeyOf(stock.Code);
+    PutLeft(trade.Broker1, deal.First.Code);
+    trade.Broker1Class = deal.First.Class;
+    PutLeft(trade.Broker2, deal.Second.Code);
+    trade.Broker2Class = deal.Second.Class;
+    trade.Price = stock.Price;
+    trade.Sign = SignOf(change);
+    trade.Change = std::abs(change);
+    trade.Volume = deal.Volume;
+    return whole;
+}
+
 WholePacket<BookPacket> MakeBook(const Book& book) {
     WholePacket<BookPacket> whole;
     BookPacket& packet = whole.Payload;

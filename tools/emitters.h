@@ -23,6 +23,9 @@ static_assert(sizeof(WholePacket<TradePacket>) == 1 + sizeof(TradePacket));
 // `local` is the time on the exchange's clock.
 WholePacket<TradePacket> MakeTrade(const Deal& deal, Timestamp local);
 
+// The same trade in compact form.
+WholePacket<CompactTradePacket> MakeCompactTrade(const Deal& deal, Timestamp local);
+
 // A level without a price is 0.
 WholePacket<BookPacket> MakeBook(const Book& book);
 

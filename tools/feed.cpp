@@ -12,7 +12,8 @@ namespace {
 // What comes within this time goes into one batch.
 constexpr std::chrono::milliseconds kGather(50);
 
-// Dice of their own leave the market's as they fall without orders and others.
+// Dice of their own leave the market's as they fall without these packets.
+constexpr uint64_t kCompactDice = 0xC0DE;
 constexpr uint64_t kOrderDice = 0x0D1CE;
 constexpr uint64_t kOrderFlow = 0x0F10A;
 constexpr uint64_t kOtherDice = 0x07E2;
@@ -22,6 +23,7 @@ constexpr uint64_t kOtherDice = 0x07E2;
 Feed::Feed(const FeedOptions& options, CaptureWriter& capture)
     : m_Capture(capture),
       m_Offset(options.Offset),
+      m_nCompact(options.Compact),
       m_nOrders(options.Orders),
       m_nOthers(options.Others),
       m_Market(options.Seed, options.Stocks, options.Funds),
@@ -30,6 +32,7 @@ Feed::Feed(const FeedOptions& options, CaptureWriter& capture)
       m_Brokers(m_Market.Stocks(), options.Seed, options.Brokers),
       m_News(m_Market.Stocks(), options.Seed, options.News),
       m_OtherDice(options.Seed + kOtherDice),
+      m_CompactDice(options.Seed + kCompactDice),
       m_OrderDice(options.Seed + kOrderDice),
       m_Orders(m_Market, options.Seed + kOrderFlow),
       m_Session(options.Day, options.Minutes, options.Packets) {}
@@ -91,10 +94,18 @@ const Stock* Feed::WriteMarketPacket(Timestamp local) {
         return nullptr;
     }
     const Deal deal = m_Market.NextDeal();
-    Write(local, MakeTrade(deal, local));
+    WriteTrade(local, deal);
     m_Derived.Take(deal, local);
     m_Brokers.Take(deal);
     return deal.Of;
+}
+
+// The market-wide feed has trades only, not what moves the best prices.
+void Feed::WriteTrade(Timestamp local, const Deal& deal) {
+    Write(local, MakeTrade(deal, local));
+    if (deal.Volume != 0 && m_CompactDice.Chance(m_nCompact)) {
+        Write(local, MakeCompactTrade(deal, local));
+    }
 }
 
 void Feed::WriteBook(Timestamp local, const Stock* traded) {

@@ -22,11 +22,12 @@ struct FeedOptions {
     int64_t Packets = 0;  // trades and fund values; the rest comes on top
     int Stocks = 20;
     int Funds = 2;
-    int Books = 20;   // per cent of Packets
-    int Orders = 3;   // order notices, per cent of Packets; so are the next three
-    int Brokers = 3;  // broker summaries
-    int News = 1;     // headlines
-    int Others = 1;   // packets that nobody reads
+    int Compact = 100;  // per cent of the trades that come in compact form too
+    int Books = 20;     // per cent of Packets; so are the next four
+    int Orders = 3;     // order notices
+    int Brokers = 3;    // broker summaries
+    int News = 1;       // headlines
+    int Others = 1;     // packets that nobody reads
     BarFaults Bars;
     UtcOffset Offset{0};  // the exchange's clock against the capture's times
 };
@@ -47,6 +48,7 @@ private:
     Timestamp WriteNextDerived();
     // Gives the stock, if it was a trade.
     const Stock* WriteMarketPacket(Timestamp local);
+    void WriteTrade(Timestamp local, const Deal& deal);
     void WriteBook(Timestamp local, const Stock* traded);
     void WriteBrokers(Timestamp local, const Stock* traded);
     void WriteNews(Timestamp local);
@@ -59,6 +61,7 @@ private:
 
     CaptureWriter& m_Capture;
     const UtcOffset m_Offset;
+    const int m_nCompact;
     const int m_nOrders;
     const int m_nOthers;
     Market m_Market;
@@ -68,6 +71,7 @@ private:
     NewsWire m_News;
     Random m_OtherDice;
     int64_t m_nOtherPackets = 0;
+    Random m_CompactDice;
     Random m_OrderDice;
     OrderFlow m_Orders;
     Session m_Session;

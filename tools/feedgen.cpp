@@ -34,6 +34,8 @@ constexpr char kHelp[] =
     "  --books N            books for each 100 of --packets, 0 to 100 (default 20): most come behind a "
     "trade\n"
     "                       of their stock\n"
+    "  --compact N          per cent of the trades that come in the compact, market-wide form too (default "
+    "100)\n"
     "  --orders N           order notices for each 100 of --packets, 0 to 100 (default 3): whole lives of "
     "orders\n"
     "                       of TRADER01 with user field ACC001, and of others\n"
@@ -70,6 +72,7 @@ Arguments ReadArguments(int argc, char** argv) {
                                      {"stocks", required_argument, nullptr, 'k'},
                                      {"funds", required_argument, nullptr, 'f'},
                                      {"books", required_argument, nullptr, 'n'},
+                                     {"compact", required_argument, nullptr, 'a'},
                                      {"orders", required_argument, nullptr, 'r'},
                                      {"brokers", required_argument, nullptr, 'c'},
                                      {"news", required_argument, nullptr, 't'},
@@ -106,6 +109,9 @@ Arguments ReadArguments(int argc, char** argv) {
                 break;
             case 'n':
                 arguments.Feed.Books = PercentOption("books", value);
+                break;
+            case 'a':
+                arguments.Feed.Compact = PercentOption("compact", value);
                 break;
             case 'r':
                 arguments.Feed.Orders = PercentOption("orders", value);

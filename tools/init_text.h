@@ -12,6 +12,14 @@
 
 namespace tools {
 
+// What stands in front of so many rows.
+template <class Row>
+void PutRepeat(RepeatHead& repeat, std::size_t rows) {
+    FillBlank(repeat);
+    PutRight(repeat.Count, std::to_string(rows));
+    PutRight(repeat.Size, std::to_string(sizeof(Row)));
+}
+
 class InitText {
 public:
     InitText() : m_Bytes(sizeof(RequestTag), ' '), m_Fields{kTagField} {}
@@ -36,9 +44,7 @@ public:
     template <class Row>
     void AppendRow(const Row& row) {
         RepeatHead repeat;
-        FillBlank(repeat);
-        PutRight(repeat.Count, "1");
-        PutRight(repeat.Size, std::to_string(sizeof(Row)));
+        PutRepeat<Row>(repeat, 1);
         Append("Repeat", repeat);
         Append("Row", row);
     }
@@ -70,6 +76,14 @@ private:
     std::string m_Bytes;
     std::vector<Field> m_Fields;
 };
+
+// The rows at the end of a text: "Row1", "Row2" and so on.
+template <class Row>
+void AppendRows(InitText& text, const std::vector<Row>& rows, const std::string& name = "Row") {
+    for (std::size_t number = 0; number < rows.size(); ++number) {
+        text.Append(name + std::to_string(number + 1), rows[number]);
+    }
+}
 
 }  // namespace tools
 

@@ -44,6 +44,10 @@ std::string StockCode(int number) {
     return code;
 }
 
+int32_t BasePrice(int number) {
+    return kBasePrices[static_cast<std::size_t>(number) % std::size(kBasePrices)];
+}
+
 std::string Numbered(const char* stem, int number) {
     return stem + std::to_string(100 + number).substr(1);
 }
@@ -77,6 +81,15 @@ int32_t PriceAbove(int32_t price, const DailyLimits& limits) {
     return next > limits.Highest ? 0 : next;
 }
 
+std::optional<int32_t> BasePriceOf(std::string_view code) {
+    for (int number = 0; number < kMostStocks; ++number) {
+        if (StockCode(number) == code) {
+            return BasePrice(number);
+        }
+    }
+    return std::nullopt;
+}
+
 std::string FundValueText(int64_t value) {
     return DecimalText(value, kFundDecimals);
 }
@@ -86,7 +99,7 @@ Market::Market(uint64_t seed, int stocks, int funds) : m_Random(seed) {
         m_Brokers.push_back({Numbered("B", number + 1), number % 3 == 2 ? 'F' : 'D'});
     }
     for (int number = 0; number < stocks; ++number) {
-        const int32_t base = kBasePrices[static_cast<std::size_t>(number) % std::size(kBasePrices)];
+        const int32_t base = BasePrice(number);
         m_Stocks.push_back({StockCode(number), base, LimitsOf(base), base});
     }
     for (int number = 0; number < funds; ++number) {

@@ -5,7 +5,9 @@
 #define TICKMUX_TOOLS_MARKET_H
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tools/random.h"
@@ -52,6 +54,9 @@ struct Stock {
     int32_t BestAbove() const { return PriceAbove(Price, Limits); }
 };
 
+// The base price of one of a market's stocks, of however many.
+std::optional<int32_t> BasePriceOf(std::string_view code);
+
 struct Deal {
     const Stock* Of;  // with the deal in its figures
     int32_t Volume;   // 0: only the best prices have moved
@@ -77,6 +82,7 @@ class Market {
 public:
     Market(uint64_t seed, int stocks, int funds);
 
+    const std::vector<Broker>& Brokers() const { return m_Brokers; }
     const std::vector<Stock>& Stocks() const { return m_Stocks; }
     const std::vector<Fund>& Funds() const { return m_Funds; }
     Random& Dice() { return m_Random; }

@@ -26,15 +26,30 @@ std::string SubscriptionsText(const SubscriptionCounts& counts) {
            std::to_string(counts.Cancelled) + " cancelled";
 }
 
+// As much as tells what is asked for.
+std::string RequestText(const FunctionRequest& request) {
+    constexpr std::size_t kShown = 36;
+    const bool isLonger = request.Text.size() > kShown;
+    return "  request " + request.Name + ", " + Counted(request.Text.size(), "byte") + ": " +
+           Quoted(request.Text.substr(0, kShown)) + (isLonger ? "...\n" : "\n");
+}
+
 void AddLine(std::string& text, std::size_t offset, std::size_t width, const std::string& name) {
     text += "| " + std::to_string(offset) + " | " + std::to_string(width) + " | " + name + " |\n";
 }
 
+// The rows that end a table are told by the first.
 void AddTable(std::string& text, const LayoutTable& table) {
     text += "\n" + table.Title + ", " + Counted(table.Size, "byte") + ":\n\n";
     text += "| Offset | Width | Field |\n|---:|---:|---|\n";
     std::size_t end = table.Offset;
     for (const Field& field : table.Fields) {
+        if (field.Name.starts_with("Row2.")) {
+            const std::string& last = table.Fields.back().Name;
+            AddLine(text, field.Offset, table.Offset + table.Size - field.Offset,
+                    "Row2 to " + last.substr(0, last.find('.')) + ", as Row1");
+            return;
+        }
         if (field.Offset > end) {
             AddLine(text, end, field.Offset - end, "(reserved)");
         }
@@ -73,6 +88,9 @@ std::string SummaryText(const ReplaySummary& summary, const Terminal& terminal) 
     text += Figure("subscriptions", SubscriptionsText(terminal.Subscriptions()));
     text += Figure("seconds", Formatted("%.3f", summary.Seconds));
     text += Figure("packets/s", Formatted("%.0f", perSecond));
+    for (const FunctionRequest& request : terminal.Requests()) {
+        text += RequestText(request);
+    }
     for (const auto& screen : terminal.Screens()) {
         if (screen->ListChanges > 0) {
             text +=

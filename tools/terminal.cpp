@@ -11,6 +11,21 @@ namespace tools {
 
 namespace {
 
+constexpr int kStockMaster = 0;
+constexpr int kBrokerMaster = 3;
+
+void SetMaster(int kind, const std::vector<MasterEntry>& entries) {
+    std::vector<const char*> codes;
+    std::vector<const char*> names;
+    std::vector<const char*> marks;
+    for (const MasterEntry& entry : entries) {
+        codes.push_back(entry.Code.c_str());
+        names.push_back(entry.Name.c_str());
+        marks.push_back(entry.Mark.c_str());
+    }
+    tickhost_set_master(kind, static_cast<int>(entries.size()), codes.data(), names.data(), marks.data());
+}
+
 // Who the terminal's user is, as far as the module asks.
 void SetServices(const TerminalOptions& options) {
     tickhost_set_text("UserGrade", "100");
@@ -18,9 +33,13 @@ void SetServices(const TerminalOptions& options) {
     tickhost_set_text("HashUserID", "replay");
     tickhost_set_text("UserID", options.User.c_str());
     tickhost_set_text("BaseUserID", "replay");
+    tickhost_set_text("UserDir", options.UserDir.c_str());
+    tickhost_set_text("DataDir", options.DataDir.c_str());
     if (!options.DriveC.empty()) {
         tickhost_set_text("DriveC", options.DriveC.c_str());
     }
+    SetMaster(kStockMaster, options.Master.Stocks);
+    SetMaster(kBrokerMaster, options.Master.Brokers);
 }
 
 }  // namespace
@@ -32,6 +51,7 @@ Terminal::Terminal(const TerminalOptions& options) {
     m_Module->SetMutexNameToDecoder(mutexName.data());
     m_hManager = tickhost_create_window(OnManagerMessage, this);
     tickhost_set_communication_manager(m_hManager);
+    tickhost_set_function_sink(OnRequest, this);
 }
 
 void Terminal::Open(const ScreenKind& kind, std::string title, InitText init, std::size_t rows) {
@@ -65,6 +85,7 @@ void Terminal::Close() {
         tickhost_destroy_window(screen->Window);
     }
     m_Module.reset();
+    tickhost_set_function_sink(nullptr, nullptr);
     tickhost_set_communication_manager(nullptr);
     tickhost_destroy_window(m_hManager);
 }
@@ -99,6 +120,12 @@ intptr_t Terminal::OnManagerMessage(void* context, HWND /*window*/, uint32_t mes
     const int32_t operation = record.nOperation;
     ++(operation == kAddCode ? counts.Added : operation == kDeleteCode ? counts.Deleted : counts.Cancelled);
     return 1;
+}
+
+void Terminal::OnRequest(void* context, HWND /*window*/, const char* /*login*/, char /*type*/,
+                         const char* name, const char* text, int length) noexcept {
+    static_cast<Terminal*>(context)->m_Requests.push_back(
+        {name, std::string(text, static_cast<std::size_t>(length))});
 }
 
 }  // namespace tools

@@ -11,6 +11,7 @@
 
 #include "host/tickhost.h"
 #include "tools/capture.h"
+#include "tools/master_data.h"
 #include "tools/module.h"
 #include "tools/screens/screen.h"
 
@@ -47,10 +48,19 @@ struct SubscriptionCounts {
     uint64_t Cancelled = 0;
 };
 
+// What the module asked of the server side, beside its subscriptions.
+struct FunctionRequest {
+    std::string Name;
+    std::string Text;
+};
+
 struct TerminalOptions {
     std::string ModulePath;
     std::string User;
-    std::string DriveC;  // the folder that stands for drive C; empty: the host's own choice
+    std::string DriveC;   // the folder that stands for drive C; empty: the host's own choice
+    std::string UserDir;  // where the module looks for the user's settings
+    std::string DataDir;  // and for those of all users
+    MasterData Master;
 };
 
 class Terminal {
@@ -74,6 +84,7 @@ public:
 
     const std::vector<std::unique_ptr<OpenScreen>>& Screens() const { return m_Screens; }
     const SubscriptionCounts& Subscriptions() const { return m_Subscriptions; }
+    const std::vector<FunctionRequest>& Requests() const { return m_Requests; }
 
     // Leaves as a terminal does at its end: stops the view, unregisters the maps, unloads the module.
     void Close();
@@ -89,12 +100,16 @@ private:
     static intptr_t OnManagerMessage(void* context, HWND window, uint32_t message, uintptr_t wParam,
                                      intptr_t lParam) noexcept;
 
+    static void OnRequest(void* context, HWND window, const char* login, char type, const char* name,
+                          const char* text, int length) noexcept;
+
     std::unique_ptr<Module> m_Module;
     HWND m_hManager = nullptr;
     std::vector<std::unique_ptr<OpenScreen>> m_Screens;
     std::vector<std::unique_ptr<WindowContext>> m_Contexts;
     std::vector<Arrival> m_Arrivals;
     SubscriptionCounts m_Subscriptions;
+    std::vector<FunctionRequest> m_Requests;
 };
 
 }  // namespace tools

@@ -2,6 +2,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 
 #include "tools/errors.h"
 #include "tools/options.h"
@@ -30,6 +31,12 @@ constexpr char kHelp[] =
     "message\n"
     "                       that contradicts its table; without it such a message gives a warning\n"
     "  --user ID            who is logged in (default TRADER01, the user of feedgen's orders)\n"
+    "  --user-dir DIR       the folder of the user's InterestAlarm.ini, TradeMonEnv.ini and Interest.ini\n"
+    "                       (default: that of WORKSPACE)\n"
+    "  --data-dir DIR       the folder of EnvVar.ini (default: that of WORKSPACE)\n"
+    "  --master FILE        the stocks and brokers that the trade monitor knows (default: feedgen's), in "
+    "lines\n"
+    "                       stock CODE NAME and broker CODE NAME MARK, with a mark of 0, 1 or 2\n"
     "  --drive-c DIR        the folder that stands for drive C, where the module logs\n"
     "  --module PATH        the module (default: ../lib/libtickmux.so beside this program)\n"
     "  --layouts            print all Init texts and display buffers as Markdown, and do nothing else\n"
@@ -40,6 +47,7 @@ constexpr char kHelp[] =
     "has\n"
     "bars against the largest one.\n"
     "The pass-through shows the newest packet of each type, field by field.\n"
+    "The interest board knows feedgen's base prices; those of other stocks are for its line to tell.\n"
     "A line of WORKSPACE is MAP KEY [Field=value ...], such as: RSTICK11_R 1ASII Date=20261120\n"
     "The key of news is the first digit of its categories, 0 for all. Subscription holder and pass-through "
     "take\n"
@@ -51,7 +59,8 @@ struct Arguments {
     ReplayOptions Replay;
     UtcOffset Offset{0};
     std::size_t Rows = 10;
-    TerminalOptions Terminal{Module::DefaultPath(), "TRADER01", ""};
+    TerminalOptions Terminal{Module::DefaultPath(), "TRADER01", "", "", "", {}};
+    std::string Master;
     std::string Workspace;
     std::string Capture;
     std::string Print;  // a text that is all that was asked for
@@ -59,17 +68,14 @@ struct Arguments {
 
 Arguments ReadArguments(int argc, char** argv) {
     constexpr int64_t kMostRows = 1'000'000;
-    static const option options[] = {{"follow", no_argument, nullptr, 'f'},
-                                     {"rows", required_argument, nullptr, 'r'},
-                                     {"speed", required_argument, nullptr, 's'},
-                                     {"utc-offset", required_argument, nullptr, 'u'},
-                                     {"strict", no_argument, nullptr, 't'},
-                                     {"user", required_argument, nullptr, 'i'},
-                                     {"drive-c", required_argument, nullptr, 'c'},
-                                     {"module", required_argument, nullptr, 'm'},
-                                     {"layouts", no_argument, nullptr, 'l'},
-                                     {"help", no_argument, nullptr, 'h'},
-                                     {nullptr, 0, nullptr, 0}};
+    static const option options[] = {
+        {"follow", no_argument, nullptr, 'f'},         {"rows", required_argument, nullptr, 'r'},
+        {"speed", required_argument, nullptr, 's'},    {"utc-offset", required_argument, nullptr, 'u'},
+        {"strict", no_argument, nullptr, 't'},         {"user", required_argument, nullptr, 'i'},
+        {"user-dir", required_argument, nullptr, 'e'}, {"data-dir", required_argument, nullptr, 'd'},
+        {"master", required_argument, nullptr, 'a'},   {"drive-c", required_argument, nullptr, 'c'},
+        {"module", required_argument, nullptr, 'm'},   {"layouts", no_argument, nullptr, 'l'},
+        {"help", no_argument, nullptr, 'h'},           {nullptr, 0, nullptr, 0}};
     Arguments arguments;
     const int next = ReadOptions(argc, argv, options, [&arguments](int name, const std::string& value) {
         switch (name) {
@@ -90,6 +96,15 @@ Arguments ReadArguments(int argc, char** argv) {
                 break;
             case 'i':
                 arguments.Terminal.User = value;
+                break;
+            case 'e':
+                arguments.Terminal.UserDir = FolderOption("user-dir", value);
+                break;
+            case 'd':
+                arguments.Terminal.DataDir = FolderOption("data-dir", value);
+                break;
+            case 'a':
+                arguments.Master = value;
                 break;
             case 'c':
                 arguments.Terminal.DriveC = FolderOption("drive-c", value);
@@ -112,6 +127,14 @@ Arguments ReadArguments(int argc, char** argv) {
         }
         arguments.Workspace = argv[next];
         arguments.Capture = argv[next + 1];
+    }
+    arguments.Terminal.Master =
+        arguments.Master.empty() ? FeedMasterData() : ReadMasterData(arguments.Master);
+    const std::filesystem::path beside = std::filesystem::path(arguments.Workspace).parent_path();
+    for (std::string* folder : {&arguments.Terminal.UserDir, &arguments.Terminal.DataDir}) {
+        if (folder->empty()) {
+            *folder = beside.empty() ? "." : beside.string();
+        }
     }
     return arguments;
 }

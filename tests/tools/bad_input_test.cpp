@@ -54,16 +54,26 @@ protected:
 
 TEST_F(BadInputTest, CommandLines) {
     const std::string output = "--output " + Folder.Path("x.pcap") + " ";
-    ExpectLines("tickreplay",
-                {{"one", "expected WORKSPACE and CAPTURE, got 1 argument; see --help"},
-                 {"--nix a b", "option \"--nix\" is not known here; see --help"},
-                 {"-n a b", "option \"-n\" is not known here; see --help"},
-                 {"a b --rows", "option --rows needs a value; see --help"},
-                 {"--rows 1x a b", "--rows \"1x\" is no number from 0 to 1000000"},
-                 {"--speed 0.05 a b", "--speed \"0.05\" is no number from 0.1 to 1000"},
-                 {"--speed nan a b", "--speed \"nan\" is no number from 0.1 to 1000"},
-                 {"--drive-c /nowhere a b", "--drive-c \"/nowhere\" is no folder; make it first"},
-                 {"--utc-offset 7 a b", "--utc-offset \"7\" is none; give +HH:MM or -HH:MM"}});
+    const std::string master = Folder.File("master", "broker B01 \"a name\" 2\nbroker B02 name 3\n");
+    const std::string codes = Folder.File("codes", "stock TOOLONGACODE name\n");
+    ExpectLines(
+        "tickreplay",
+        {{"one", "expected WORKSPACE and CAPTURE, got 1 argument; see --help"},
+         {"--nix a b", "option \"--nix\" is not known here; see --help"},
+         {"-n a b", "option \"-n\" is not known here; see --help"},
+         {"a b --rows", "option --rows needs a value; see --help"},
+         {"--rows 1x a b", "--rows \"1x\" is no number from 0 to 1000000"},
+         {"--speed 0.05 a b", "--speed \"0.05\" is no number from 0.1 to 1000"},
+         {"--speed nan a b", "--speed \"nan\" is no number from 0.1 to 1000"},
+         {"--user-dir /nowhere a b", "--user-dir \"/nowhere\" is no folder; make it first"},
+         {"--master /nowhere a b", "/nowhere: No such file or directory; check the path"},
+         {"--master " + master + " a b",
+          master + ":2: neither a stock nor a broker; write stock CODE NAME, or broker CODE NAME MARK with a "
+                   "mark of 0, 1 or 2"},
+         {"--master " + codes + " a b",
+          codes + ":1: code \"TOOLONGACODE\" does not have 1 to 10 characters; mend it"},
+         {"--drive-c /nowhere a b", "--drive-c \"/nowhere\" is no folder; make it first"},
+         {"--utc-offset 7 a b", "--utc-offset \"7\" is none; give +HH:MM or -HH:MM"}});
     ExpectLines("feedgen",
                 {{"", "no --output; name a file, or - for standard output"},
                  {output + "more", "argument \"more\" is not known here; see --help"},
@@ -115,7 +125,8 @@ TEST_F(BadInputTest, WorkspaceLines) {
         {"# nothing\n", ": names no screen; add a line such as RSTICK11_R 1ASII"},
         {"RSTICK11_R 1ASII\n\nRSTICK12_R 1ASII\n",
          ":3: unknown map \"RSTICK12_R\"; known: RDUMMY01_R, RICAND11_R, RINTIK01_R, RINTIK11_R, RITRDE01_R, "
-         "RITRDE02_R, RRNEWS01_R, RRPASS01_R, RSBRSM01_R, RSCAND11_R, RSDONE01_R, RSETFNAV_R, RSNOCH21_R, "
+         "RITRDE02_R, RRNEWS01_R, RRPASS01_R, RSBRSM01_R, RSCAND11_R, RSDONE01_R, RSETFNAV_R, RSFLDN01_R, "
+         "RSITST01_R, RSNOCH21_R, RSODER01_R, "
          "RSORDE21_R, RSORDE22_R, RSTICK11_R, RSTRBK01_R, RSTRDE01_R"},
         {"RSTICK11_R # key\n", ":1: no key behind \"RSTICK11_R\"; write MAP KEY [Field=value ...]"},
         {"RSTICK11_R 1ASII Date\n",
@@ -161,6 +172,11 @@ TEST_F(BadInputTest, WorkspaceLines) {
          ":1: item \"1ASII:AE\" mixes packet types of codes of several kinds; give E an item of its own"},
         {"RRPASS01_R BOARDS:M\n", ":1: code \"BOARDS\" is none; give 1 to 5 characters"},
         {"RRPASS01_R :@\n", ":1: code \"\" is none; give 1 to 11 characters"},
+        {"RSFLDN01_R 1ASII\n",
+         ":1: key \"1ASII\" means nothing to the monitor, whose stocks are in the user's TradeMonEnv.ini; "
+         "write -"},
+        {"RSITST01_R 1ASII,2ASII\n",
+         ":1: key \"2ASII\" is not of board 1, as the interest board's stocks are"},
         {"RSTICK11_R 1ASII Price=1\n",
          ":1: field \"Price\" may be each of Head.Price, Row.Price; name one in full"},
         {"RSTICK11_R 1ASII Date=202611201\n",

@@ -40,7 +40,23 @@ public:
                                           trade.TotalVolume, trade.TotalValue}),
                   (std::array<int64_t, 6>{day.Open, day.High, day.Low, day.Count, day.Volume, day.Value}));
         CheckPrices(trade, base);
+        m_nWithoutCompact += trade.Volume == 0 ? 0 : 1;
+        m_Latest = trade;
     }
+    // Is the latest trade once more.
+    void Check(const CompactTradePacket& trade) {
+        --m_nWithoutCompact;
+        const auto words = [](const auto& packet) {
+            std::string text(packet.Time, sizeof(packet.Time));
+            text.append(Text(packet.Key)).append(packet.Broker1, sizeof(packet.Broker1));
+            text.append(packet.Broker2, sizeof(packet.Broker2));
+            return text + packet.Broker1Class + packet.Broker2Class + packet.Sign;
+        };
+        EXPECT_EQ(words(trade), words(m_Latest));
+        EXPECT_EQ((std::array<int32_t, 3>{trade.Price, trade.Change, trade.Volume}),
+                  (std::array<int32_t, 3>{m_Latest.Price, m_Latest.Change, m_Latest.Volume}));
+    }
+    int WithoutCompact() const { return m_nWithoutCompact; }
 
     std::size_t Stocks() const { return m_Days.size(); }
     // Those whose price has moved over the day.
@@ -75,6 +91,8 @@ private:
     }
 
     std::map<std::string, Figures> m_Days;
+    TradePacket m_Latest{};
+    int m_nWithoutCompact = 0;
 };
 
 void CheckFund(const NavPacket& nav) {
@@ -104,11 +122,16 @@ TEST(FeedGen, FiguresOfAWholeDayAgree) {
         last = record.Time;
         if (record.EndsBatch()) {
             EXPECT_GE(inBatch, 1);
-            EXPECT_LE(inBatch, 40);
+            EXPECT_LE(inBatch, 60);
             inBatch = 0;
             continue;
         }
         ++inBatch;
+        if (record.Bytes[0] == CompactTradePacket::kType) {
+            ASSERT_EQ(record.Length, 1 + static_cast<int>(sizeof(CompactTradePacket)));
+            audit.Check(*reinterpret_cast<const CompactTradePacket*>(record.Bytes + 1));
+            continue;
+        }
         if (record.Bytes[0] != TradePacket::kType && record.Bytes[0] != NavPacket::kType) {
             continue;  // follows from the trades
         }
@@ -129,6 +152,7 @@ TEST(FeedGen, FiguresOfAWholeDayAgree) {
     EXPECT_EQ(packets, 60000U);
     EXPECT_GT(funds, 1000U);
     EXPECT_EQ(audit.Stocks(), 12U);
+    EXPECT_EQ(audit.WithoutCompact(), 0);
     EXPECT_EQ(audit.Moved(), 12);
     EXPECT_LT(lastOfMarket, close);
     EXPECT_GT(lastOfMarket, close - std::chrono::minutes(1));

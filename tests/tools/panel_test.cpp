@@ -112,6 +112,66 @@ TEST_F(PanelTest, VolumeByPriceWithBars) {
               "  1 row below\n\n");
 }
 
+// The user's files lie beside the workspace, those of all users may lie elsewhere.
+TEST_F(PanelTest, BookAsALadderAndBoardWithAlarms) {
+    Trade(1005, 3);
+    Book();
+    EndBatch();
+    Trade(995, 2);
+    EndBatch();
+    File("InterestAlarm.ini", "[ALARM007-002]\ndecreased price=1006\nincreased price=995\n");
+    const ScratchFolder data;
+    data.File("EnvVar.ini", "[USER_TABLE_HOGARECT]\nUSE=0\n");
+    const std::string book = "RSODER01_R 1ASII Row1.Side1.Price=995 Row1.Side1.Qty=52 Row1.Side2.Qty=9\n";
+    const std::string front =
+        "RSODER01_R 1ASII: 2 messages, 22 rows\n"
+        "  Side   Level  Price   Rate  Qty  Change  Mark\n"
+        "  Side2      1   1010   1.00    8      +8\n"
+        "  Side1      1    995  -0.50   40     -12";
+    const std::string back =
+        "\n  Side1      2    985  -1.50    7      +7\n"
+        "  Side2  total                  8      +8\n"
+        "  Side1  total                 50     +50\n\n";
+    const std::string images =
+        Replay("", book + "RSITST01_R 1ELSE,1ASII,1ASII Group=007 Row1.Alarm= Row2.BasePrice=950\n");
+    EXPECT_EQ(images.substr(0, images.find("RSITST")), front + "  current" + back);
+    const std::string board = images.substr(images.find("\n  Alarm "));
+    EXPECT_NE(board.find("\n          ELSE\n  silent  ASII  4           995  5  "), std::string::npos)
+        << board;
+    EXPECT_NE(board.find("\n  armed   ASII   "), std::string::npos) << board;
+    std::string unmarked = front + back;
+    unmarked.replace(unmarked.find("2 messages, 22"), 14, "1 message, 11");
+    EXPECT_EQ(Replay("--data-dir " + data.Path("."), book), unmarked);
+}
+
+// A monitor of groups follows the stocks' own trades, one of the whole market the compact ones.
+TEST_F(PanelTest, MonitorOfGroupsAndOfTheWholeMarket) {
+    Trade(1005, 3);
+    Trade(995, 20);
+    EndBatch();
+    File("Interest.ini", "[GROUP001]\nITEM001=1ASII      shares\n");
+    File("TradeMonEnv.ini",
+         "[TRADE_MONITOR]\nALL=0\nVOLUME=1\n[FAVOURITES]\nSELECTEDGROUP=001\n[VOLUME]\nFROM=10\n");
+    const std::string monitor = "RSFLDN01_R -\n";
+    const std::string ofGroups = Replay("", monitor);
+    EXPECT_NE(ofGroups.find("  Broker2\n  090000  00000001  ASII  4           995  5  "), std::string::npos)
+        << ofGroups;
+    EXPECT_EQ(Summary.substr(Summary.find("  request")),
+              "  request K11OI060, 52 bytes: \"   311ASII      \\x80\\x00\\x00\\x0012ASII      "
+              "\\x80\\x00\\x00\\x00\"...\n");
+    const ScratchFolder none;
+    const std::string master = File("master", "stock ASII shares\nbroker B01 one 1\nbroker B03 three 2\n");
+    const std::string ofAll = Replay("--user-dir " + none.Path(".") + " --master " + master, monitor);
+    EXPECT_EQ(ofAll.substr(0, ofAll.find('\n')), "RSFLDN01_R -: 1 message, 2 rows");
+    const std::string brokers =
+        "  1                D             4           B01      4                F             1           "
+        "B03\n\n";
+    EXPECT_TRUE(ofAll.ends_with(brokers)) << ofAll;
+    EXPECT_EQ(Summary.substr(Summary.find("  request")),
+              "  request K11OI031, 14 bytes: \"10001520001*|$\"\n"
+              "  request K11OI031, 14 bytes: \"20001520001*|$\"\n");
+}
+
 // The module would not send these.
 TEST(PlainTables, TellWhatContradictsThem) {
     const tools::ScreenKind& kind = tools::FindScreenKind("RITRDE02_R");

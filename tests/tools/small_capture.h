@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <optional>
 #include <string>
 
 #include "tests/tools/tool_runs.h"
@@ -15,32 +16,42 @@ class SmallCapture : public testing::Test {
 protected:
     template <class Packet>
     void Write(const tools::WholePacket<Packet>& packet) {
-        m_Writer.Packet(Morning, &packet, sizeof(packet));
+        m_Writer->Packet(Morning, &packet, sizeof(packet));
     }
     void Trade(int32_t price, int32_t volume) {
         Asii.Price = price;
         Asii.TradeCount += 1;
         Asii.TotalVolume += volume;
         Asii.TotalValue += int64_t{price} * volume * tools::kLotSize;
-        Write(tools::MakeTrade({&Asii, volume, 0, {"B01", 'D'}, {"B03", 'F'}, 1}, Morning));
+        const tools::Deal deal{&Asii, volume, 0, {"B01", 'D'}, {"B03", 'F'}, 1};
+        Write(tools::MakeTrade(deal, Morning));
+        Write(tools::MakeCompactTrade(deal, Morning));
     }
-    void EndBatch() { m_Writer.BatchEnd(Morning); }
+    void EndBatch() { m_Writer->BatchEnd(Morning); }
+
+    // Beside the workspace.
+    std::string File(const std::string& name, const std::string& content) const {
+        return m_Folder.File(name, content);
+    }
 
     // The images.
     std::string Replay(const std::string& options, const std::string& workspace) {
-        m_Writer.Close();
+        m_Writer.reset();
         const Outcome outcome = RunTool(
             "tickreplay", options + " " + m_Folder.File("w", workspace) + " " + m_Folder.Path("p.pcap"));
         EXPECT_EQ(outcome.Status, 0);
-        return outcome.Text.substr(0, outcome.Text.find("Summary\n"));
+        const std::size_t end = outcome.Text.find("Summary\n");
+        Summary = outcome.Text.substr(end);
+        return outcome.Text.substr(0, end);
     }
 
+    std::string Summary;  // of the latest replay
     const tools::Timestamp Morning = tools::ParseDate("20261120") + std::chrono::hours(9);
     tools::Stock Asii{"ASII", 1000, tools::LimitsOf(1000), 1000, 1000, 1005, 995};
 
 private:
     const ScratchFolder m_Folder;
-    tools::CaptureWriter m_Writer{m_Folder.Path("p.pcap")};
+    std::optional<tools::CaptureWriter> m_Writer{m_Folder.Path("p.pcap")};
 };
 
 #endif

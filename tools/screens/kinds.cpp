@@ -13,8 +13,10 @@ extern const ScreenKind kIndexCandles;
 extern const ScreenKind kIndexChartTicks;
 extern const ScreenKind kIndexPanelScreen;
 extern const ScreenKind kIndexTicks;
+extern const ScreenKind kInterestBoard;
 extern const ScreenKind kNews;
 extern const ScreenKind kOpenOrders;
+extern const ScreenKind kOrderBook;
 extern const ScreenKind kOrderList;
 extern const ScreenKind kPassThrough;
 extern const ScreenKind kPriceTable;
@@ -22,14 +24,16 @@ extern const ScreenKind kStockCandles;
 extern const ScreenKind kStockPanelScreen;
 extern const ScreenKind kSubscriptionHolder;
 extern const ScreenKind kTickList;
+extern const ScreenKind kTradeMonitor;
 
 const std::vector<const ScreenKind*>& ScreenKinds() {
     static const std::vector<const ScreenKind*> kinds = {
-        &kSubscriptionHolder, &kIndexCandles,    &kIndexTicks,     &kIndexChartTicks,
-        &kIndexPanelScreen,   &kIndexBoard,      &kNews,           &kPassThrough,
-        &kBrokerSummary,      &kStockCandles,    &kFills,          &kFundValues,
-        &kOpenOrders,         &kOrderList,       &kFilteredOrders, &kTickList,
-        &kPriceTable,         &kStockPanelScreen};
+        &kSubscriptionHolder, &kIndexCandles,   &kIndexTicks, &kIndexChartTicks,
+        &kIndexPanelScreen,   &kIndexBoard,     &kNews,       &kPassThrough,
+        &kBrokerSummary,      &kStockCandles,   &kFills,      &kFundValues,
+        &kTradeMonitor,       &kInterestBoard,  &kOpenOrders, &kOrderBook,
+        &kOrderList,          &kFilteredOrders, &kTickList,   &kPriceTable,
+        &kStockPanelScreen};
     return kinds;
 }
 
@@ -56,6 +60,16 @@ StockKey StockKeyOf(std::string_view text) {
     key.Board = text[0];
     PutLeft(key.Code, text.substr(1));
     return key;
+}
+
+std::vector<std::string_view> KeyList(std::string_view text) {
+    std::vector<std::string_view> keys;
+    for (std::size_t from = 0; from <= text.size();) {
+        const std::size_t end = std::min(text.find(',', from), text.size());
+        keys.push_back(text.substr(from, end - from));
+        from = end + 1;
+    }
+    return keys;
 }
 
 IndexKey IndexKeyOf(std::string_view text) {

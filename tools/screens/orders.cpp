@@ -12,12 +12,6 @@ namespace {
 
 constexpr std::size_t kUserField = sizeof(OrderListInit::UserField);
 
-// An inquiry that found no rows.
-void PutNoRows(RepeatHead& repeat) {
-    PutRight(repeat.Count, "0");
-    PutRight(repeat.Size, std::to_string(sizeof(OrderRow)));
-}
-
 void CheckKey(std::string_view key, std::size_t width) {
     if (key.empty() || key.size() > width || key.find('\0') != std::string_view::npos) {
         throw BadInput("key " + Quoted(key) + " is no user field; give 1 to " + std::to_string(width) +
@@ -41,7 +35,7 @@ InitText MakeOpenOrders(std::string_view key, const InitDefaults& /*defaults*/) 
     if (key.size() <= kUserField) {
         init.UserField[kUserField] = '0';
     }
-    PutNoRows(init.Repeat);
+    PutRepeat<OrderRow>(init.Repeat, 0);
     return TextOf(init);
 }
 
@@ -50,7 +44,7 @@ InitText MakeOrderList(std::string_view key, const InitDefaults& /*defaults*/) {
     CheckKey(key, sizeof(init.UserField));
     FillBlank(init);
     PutLeft(init.UserField, key);
-    PutNoRows(init.Repeat);
+    PutRepeat<OrderRow>(init.Repeat, 0);
     return TextOf(init);
 }
 
@@ -62,7 +56,7 @@ InitText MakeFilteredOrders(std::string_view key, const InitDefaults& /*defaults
     PutLeft(init.UserField, key);
     init.StatusFilter = '0';
     init.SideFilter = '2';
-    PutNoRows(init.Repeat);
+    PutRepeat<OrderRow>(init.Repeat, 0);
     return TextOf(init);
 }
 

@@ -22,7 +22,7 @@ InitText MakeInit(std::string_view key, const InitDefaults& /*defaults*/) {
     PutDigits(init.Count, static_cast<int64_t>(items.size()));
     InitText text = InitText::WithoutTag();
     text.Append("", init);
-    AppendItems(text, items);
+    AppendRows(text, items, kItemName);
     return text;
 }
 

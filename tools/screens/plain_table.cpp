@@ -21,7 +21,11 @@ std::size_t PlainTable::Take(std::string_view buffer) {
 }
 
 std::string PlainTable::Show(std::string_view buffer) const {
-    return FieldLines(m_Front, buffer.substr(0, m_Front.Size)) + RowTable(m_Row, buffer.substr(m_Front.Size));
+    return FieldLines(m_Front, buffer.substr(0, m_Front.Size)) + Table(buffer.substr(m_Front.Size));
+}
+
+std::string PlainTable::Table(std::string_view rows) const {
+    return RowTable(m_Row, rows);
 }
 
 }  // namespace tools

@@ -19,6 +19,8 @@ protected:
     explicit PlainTable(const std::vector<LayoutTable>& tables) : m_Front(tables[0]), m_Row(tables[1]) {}
 
     const LayoutTable& Row() const { return m_Row; }
+    // How rows read.
+    virtual std::string Table(std::string_view rows) const;
     virtual void TakeRows(std::string_view rows) = 0;
 
 private:

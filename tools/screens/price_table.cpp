@@ -16,8 +16,7 @@ InitText MakeInit(std::string_view key, const InitDefaults& /*defaults*/) {
     PriceTableInit init;
     FillBlank(init);
     init.Key = StockKeyOf(key);
-    PutRight(init.Repeat.Count, "0");
-    PutRight(init.Repeat.Size, std::to_string(sizeof(PriceRow)));
+    PutRepeat<PriceRow>(init.Repeat, 0);
     InitText text;
     text.Append("", init);
     return text;

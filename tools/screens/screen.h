@@ -72,6 +72,9 @@ StockKey StockKeyOf(std::string_view text);
 // An index key as text: "COMP". BadInput unless it is a code.
 IndexKey IndexKeyOf(std::string_view text);
 
+// The keys of a list with commas between.
+std::vector<std::string_view> KeyList(std::string_view text);
+
 }  // namespace tools
 
 #endif

@@ -15,11 +15,10 @@ InitText MakeInit(std::string_view key, const InitDefaults& /*defaults*/) {
     const std::vector<SubscriptionItem> items = ItemsOf(key, kHeldTypes);
     HolderInit init;
     FillBlank(init);
-    PutRight(init.Repeat.Count, std::to_string(items.size()));
-    PutRight(init.Repeat.Size, std::to_string(sizeof(SubscriptionItem)));
+    PutRepeat<SubscriptionItem>(init.Repeat, items.size());
     InitText text;
     text.Append("", init);
-    AppendItems(text, items);
+    AppendRows(text, items, kItemName);
     return text;
 }
 

@@ -79,10 +79,8 @@ SubscriptionItem ItemOf(std::string_view word, std::string_view types) {
 
 std::vector<SubscriptionItem> ItemsOf(std::string_view key, std::string_view types) {
     std::vector<SubscriptionItem> items;
-    for (std::size_t from = 0; from <= key.size();) {
-        const std::size_t end = std::min(key.find(',', from), key.size());
-        items.push_back(ItemOf(key.substr(from, end - from), types));
-        from = end + 1;
+    for (const std::string_view word : KeyList(key)) {
+        items.push_back(ItemOf(word, types));
     }
     constexpr std::size_t kMostItems = 9999;
     if (items.size() > kMostItems) {
@@ -90,12 +88,6 @@ std::vector<SubscriptionItem> ItemsOf(std::string_view key, std::string_view typ
                        std::to_string(kMostItems));
     }
     return items;
-}
-
-void AppendItems(InitText& text, const std::vector<SubscriptionItem>& items) {
-    for (std::size_t number = 0; number < items.size(); ++number) {
-        text.Append("Item" + std::to_string(number + 1), items[number]);
-    }
 }
 
 }  // namespace tools

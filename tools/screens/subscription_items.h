@@ -6,18 +6,17 @@
 #include <vector>
 
 #include "layouts/SubscriptionItem.h"
-#include "tools/init_text.h"
 
 namespace tools {
+
+// Of the items in an Init text, with their numbers.
+inline constexpr char kItemName[] = "Item";
 
 inline constexpr char kItemsForm[] = "CODE:TYPES,CODE:TYPES ..., such as 1ASII:ABCD,COMP:EF";
 
 // The items of such a list; packet types tell the class, and a code may be left out where none counts.
 // BadInput for types that are not among `types`, and for codes that their class cannot have.
 std::vector<SubscriptionItem> ItemsOf(std::string_view key, std::string_view types);
-
-// Item1, Item2 ... behind the text's other parts.
-void AppendItems(InitText& text, const std::vector<SubscriptionItem>& items);
 
 }  // namespace tools
 
