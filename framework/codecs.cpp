@@ -42,36 +42,6 @@ Number ReadInteger(const char* src, int n) {
     return static_cast<Number>(negative ? -value : value);
 }
 
-// Digits with a point or without, and nothing but a space behind them: of up to 15 digits the whole number
-// and the power of ten are exact doubles, so that their quotient is the nearest one to the text. False: the
-// text needs the full scan.
-bool ReadPlainDecimal(const char* at, const char* end, double& value) {
-    constexpr int kExactDigits = 15;
-    constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                  1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    const char* const first = at;
-    uint64_t number = 0;
-    const auto readDigits = [&] {
-        for (; at != end && IsDigit(*at); ++at) {
-            number = number * 10 + static_cast<uint64_t>(*at - '0');
-        }
-    };
-    readDigits();
-    std::ptrdiff_t digits = at - first;
-    std::ptrdiff_t decimals = 0;
-    if (at != end && *at == '.') {
-        const char* const point = at++;
-        readDigits();
-        decimals = at - point - 1;
-        digits += decimals;
-    }
-    if (digits == 0 || digits > kExactDigits || (at != end && *at != ' ')) {
-        return false;
-    }
-    value = static_cast<double>(number) / kPowers[decimals];
-    return true;
-}
-
 bool IsHexDigit(char c) {
     return IsDigit(c) || ((c | 0x20) >= 'a' && (c | 0x20) <= 'f');
 }
@@ -133,12 +103,13 @@ double AsciiToDouble(const char* src, int n) {
 }
 
 double TextToDouble(const char* src, int n) {
-    const char* const end = src + n;
-    const char* at = SkipSpaces(src, end);
     double plain = 0.0;
-    if (ReadPlainDecimal(at, end, plain)) {
+    if (n <= static_cast<int>(digits::kVector) &&
+        digits::ReadPaddedDecimal(digits::Padded16::Of(src, static_cast<std::size_t>(n)), plain)) {
         return plain;
     }
+    const char* const end = src + n;
+    const char* at = SkipSpaces(src, end);
     const bool negative = at != end && *at == '-';
     if (at != end && (*at == '-' || *at == '+')) {
         ++at;

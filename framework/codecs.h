@@ -71,19 +71,11 @@ void PrintWide(int64_t value, char* dst, std::size_t len);
 void PrintExactly(double value, char* dst, std::size_t len, int dec);
 int32_t ReadAnyLong(const char* src, std::size_t n);
 
-template <class Number>
-void PrintInteger(Number value, char* dst, std::size_t len) {
-    using Magnitude = std::make_unsigned_t<Number>;
-    const auto bits = static_cast<Magnitude>(value);
-    const Magnitude magnitude = value < 0 ? Magnitude{0} - bits : bits;
-    if (magnitude < digits::kFits16) {
-        const digits::Text16 text = digits::Print(magnitude, value < 0);
-        if (text.nLength <= len) {
-            text.CopyTo(dst, len);
-            return;
-        }
+template <class Number, class Length>
+void PrintInteger(Number value, char* dst, Length len) {
+    if (!digits::PrintInteger(value, dst, len)) {
+        PrintWide(value, dst, len);
     }
-    PrintWide(value, dst, len);
 }
 
 inline int32_t ReadLong(const char* src, std::size_t n) {
@@ -101,17 +93,17 @@ inline int32_t ReadLong(const char* src, std::size_t n) {
 
 template <std::size_t N>
 void Put(char (&dst)[N], int32_t value) {
-    codecs::PrintInteger(value, dst, N);
+    codecs::PrintInteger(value, dst, digits::Width<N>());
 }
 
 template <std::size_t N>
 void Put(char (&dst)[N], int64_t value) {
-    codecs::PrintInteger(value, dst, N);
+    codecs::PrintInteger(value, dst, digits::Width<N>());
 }
 
 template <int Decimals, std::size_t N>
 void Put(char (&dst)[N], double value) {
-    if (!digits::PrintScaled<Decimals>(value, dst, N)) {
+    if (!digits::PrintScaled<Decimals>(value, dst, digits::Width<N>())) {
         codecs::PrintExactly(value, dst, N, Decimals);
     }
 }
