@@ -56,10 +56,7 @@ CRSFLDN01::CRSFLDN01(HWND hWnd)
                         Takes<&CRSFLDN01::OnTrade<TradePacket>, &CRSFLDN01::OnTrade<CompactTradePacket>>),
       m_Feed(hWnd),
       m_Settings(UserFolder(), "\\TradeMonEnv.ini") {
-    const SettingsFile groups(UserFolder(), "\\Interest.ini");
-    if (groups.Path() != nullptr) {
-        m_InterestTable.ReadAllGroup(groups.Path());
-    }
+    m_InterestTable.ReadAllGroup(SettingsFile(UserFolder(), "\\Interest.ini").Path());
 }
 
 CRSFLDN01::~CRSFLDN01() {
@@ -91,8 +88,9 @@ int CRSFLDN01::Init(const char* buffer) {
     m_Filters = TradeFilters::Load(m_Settings);
     m_Feed.SendWatchRequest(m_WatchSet.Entries());
     // The communication manager may call back and end this set, or bring another.
-    for (std::size_t i = 0; m_nGeneration == generation && i < m_WatchSet.Entries().Stocks.Size(); ++i) {
-        MonitorFeed::Subscribe(m_WatchSet.Entries().Stocks[i]);
+    FeedEntries& entries = m_WatchSet.Entries();
+    while (m_nGeneration == generation && entries.nSubscribed < entries.Stocks.Size()) {
+        MonitorFeed::SubscribeNext(entries);
     }
     m_Feed.Withdraw(former.Entries());
     return 1;

@@ -91,19 +91,19 @@ int CRSITST01::Init(const char* buffer) {
         in.Remain() != rows * kRowSize) {
         return 0;
     }
+    const SettingsFile file(CEnvMgr::GetBaseUserDir(CQelData21::GetBaseUserID()), "\\InterestAlarm.ini");
     RowBoard<Kind>::Rows former;
     if (!m_Board.Take(in, rows, former)) {
         return 0;
     }
-    LoadAlarms(init.Group);
+    LoadAlarms(file, init.Group);
     if (m_Board.MoveFrom(former)) {
         CheckAlarmsAtInit();
     }
     return 1;
 }
 
-void CRSITST01::LoadAlarms(const char (&group)[3]) {
-    const SettingsFile file(CEnvMgr::GetBaseUserDir(CQelData21::GetBaseUserID()), "\\InterestAlarm.ini");
+void CRSITST01::LoadAlarms(const SettingsFile& file, const char (&group)[3]) {
     m_Alarms.fill({});
     m_bAlarmSound = file.Integer("ALL_FOCUS_GROUP", "ALARMSOUND", 0);
     const int rows = std::min(m_Board.Count(), static_cast<int>(m_Alarms.size()));

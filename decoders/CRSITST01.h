@@ -40,7 +40,7 @@ private:
 
     int Find(const StockKey& key) const;
 
-    void LoadAlarms(const char (&group)[3]);
+    void LoadAlarms(const SettingsFile& file, const char (&group)[3]);
     void CheckAlarmsAtInit();
     char CheckAlarm(int place, const TradePacket& trade) const;
     char AlarmChar() const { return m_bAlarmSound != 0 ? kAlarmSounds : kAlarmSilent; }

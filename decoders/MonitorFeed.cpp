@@ -86,7 +86,8 @@ void MonitorFeed::SwitchAllMarketOff() {
     }
 }
 
-void MonitorFeed::Subscribe(const StockKey& stock) {
+void MonitorFeed::SubscribeNext(FeedEntries& entries) {
+    const StockKey stock = entries.Stocks[entries.nSubscribed++];
     TradeRequest::Add(stock);
 }
 
@@ -94,7 +95,7 @@ void MonitorFeed::Withdraw(const FeedEntries& entries) {
     if (entries.AllMarket) {
         SwitchAllMarketOff();
     }
-    for (std::size_t i = 0; i < entries.Stocks.Size(); ++i) {
+    for (std::size_t i = 0; i < entries.nSubscribed; ++i) {
         TradeRequest::Delete(entries.Stocks[i]);
     }
 }

@@ -6,7 +6,7 @@
 #ifndef TICKMUX_DECODERS_MONITORFEED_H
 #define TICKMUX_DECODERS_MONITORFEED_H
 
-#include <cstdint>
+#include <cstddef>
 
 #include "framework/plain_array.h"
 #include "framework/shapes.h"
@@ -16,6 +16,7 @@
 struct FeedEntries {
     bool AllMarket = false;  // the whole market; else the stocks
     PlainArray<StockKey> Stocks;
+    std::size_t nSubscribed = 0;  // of the stocks
 };
 
 class MonitorFeed {
@@ -28,7 +29,8 @@ public:
     // Orders the entries' feed and changes the mode to it; without entries nothing changes.
     void SendWatchRequest(const FeedEntries& entries);
 
-    static void Subscribe(const StockKey& stock);
+    // The next stock that has not been subscribed to.
+    static void SubscribeNext(FeedEntries& entries);
     void Withdraw(const FeedEntries& entries);
 
 private:

@@ -12,13 +12,14 @@ const ItemClass* FindClass(std::span<const ItemClass> classes, char chClass) {
 
 bool ItemClass::Skips(const SubscriptionItem& item) const {
     const std::string_view code = CodeOf(item);
-    return (!code.empty() && code == Skipped) || (SkipsBlank && code.find_first_not_of(' ') == std::string_view::npos);
+    return (!code.empty() && code == Skipped) ||
+           (SkipsBlank && code.find_first_not_of(' ') == std::string_view::npos);
 }
 
 bool SubscriptionList::Take(InitReader& in, int items, Items& former) {
     Items next{std::unique_ptr<SubscriptionItem[]>(new (std::nothrow)
                                                        SubscriptionItem[static_cast<std::size_t>(items)]),
-               items};
+               items, 0};
     if (next.First == nullptr) {
         return false;
     }
@@ -37,6 +38,7 @@ void SubscriptionList::MoveFrom(const Items& former) {
         const SubscriptionItem item = m_Items.First[static_cast<std::size_t>(i)];
         ForEachWanted(item, [&](const ItemClass& itemClass, const WantColumn& column) {
             if (column.Flags != 0 && m_nGeneration == generation) {
+                ++m_Items.nRequests;
                 AddTrStcd(item.Key, itemClass.CodeLength, itemClass.Class, column.Flags);
             }
         });
@@ -50,9 +52,10 @@ void SubscriptionList::GiveUp() {
 }
 
 void SubscriptionList::Delete(const Items& items) const {
+    int left = items.nRequests;
     for (const SubscriptionItem& item : items) {
-        ForEachWanted(item, [&item](const ItemClass& itemClass, const WantColumn& column) {
-            if (column.Flags != 0) {
+        ForEachWanted(item, [&](const ItemClass& itemClass, const WantColumn& column) {
+            if (column.Flags != 0 && left-- > 0) {
                 DelTrStcd(item.Key, itemClass.CodeLength, itemClass.Class, column.Flags);
             }
         });

@@ -42,6 +42,7 @@ public:
     struct Items {
         std::unique_ptr<SubscriptionItem[]> First;
         int nItems = 0;
+        int nRequests = 0;  // that have gone out for them
 
         const SubscriptionItem* begin() const { return First.get(); }
         const SubscriptionItem* end() const { return First.get() + nItems; }

@@ -22,6 +22,7 @@ public:
     bool WatchIndustry();
 
     bool Holds(const StockCode& code) const { return m_Codes.Find(code) != m_Codes.kNowhere; }
+    FeedEntries& Entries() { return m_Entries; }
     const FeedEntries& Entries() const { return m_Entries; }
 
 private:

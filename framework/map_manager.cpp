@@ -113,7 +113,11 @@ int CRTMMapManager::InitMapDecoder(tickmux_handle handle, const char* buffer) {
     CRTMPacketDecoder* decoder = GetPacketDecoder(handle);
     const MutexGuard guard(m_szMutexName);
     decoder->ClearViewQueue();
-    decoder->SetActive(decoder->Init(buffer == nullptr ? "" : buffer));
+    try {
+        decoder->SetActive(decoder->Init(buffer == nullptr ? "" : buffer));
+    } catch (...) {  // no memory for one of the services: an Init that failed
+        decoder->SetActive(0);
+    }
     return decoder->IsActive();
 }
 

@@ -162,10 +162,14 @@ constexpr PacketSlots MakeSlots() {
 template <auto... Handlers>
 inline constexpr PacketSlots Takes = MakeSlots<Handlers...>();
 
-// The factory of a decoder class; null if memory fails.
+// The factory of a decoder class; null if memory fails, also that of the services which it sets up.
 template <class Decoder>
 CRTMPacketDecoder* CreateDecoder(HWND hWnd) {
-    return new (std::nothrow) Decoder(hWnd);
+    try {
+        return new (std::nothrow) Decoder(hWnd);
+    } catch (...) {
+        return nullptr;
+    }
 }
 
 #endif

@@ -27,6 +27,7 @@ public:
     struct Rows {
         std::unique_ptr<Row[]> Items;
         int nRows = 0;
+        int nAsked = 0;  // for the codes of so many a request has gone out
 
         Row* begin() const { return Items.get(); }
         Row* end() const { return Items.get() + nRows; }
@@ -42,7 +43,7 @@ public:
     // then the former ones stay.
     bool Take(InitReader& in, int rows, Rows& former) {
         const auto count = static_cast<std::size_t>(rows);
-        Rows next{std::unique_ptr<Row[]>(new (std::nothrow) Row[count]), rows};
+        Rows next{std::unique_ptr<Row[]>(new (std::nothrow) Row[count]), rows, 0};
         std::unique_ptr<bool[]> dirty(new (std::nothrow) bool[count]{});
         if (next.Items == nullptr || dirty == nullptr || !m_Index.Reset(count)) {
             return false;
@@ -63,8 +64,8 @@ public:
     // communication manager may call back and end this board, or bring another: then false.
     bool MoveFrom(const Rows& former) {
         const unsigned generation = m_nGeneration;
-        for (int place = 0; m_nGeneration == generation && place < m_Rows.nRows; ++place) {
-            Kind::Request::Add(Kind::CodeOf(At(place)));
+        while (m_nGeneration == generation && m_Rows.nAsked < m_Rows.nRows) {
+            Kind::Request::Add(Kind::CodeOf(At(m_Rows.nAsked++)));
         }
         DeleteAll(former);
         return m_nGeneration == generation;
@@ -117,9 +118,8 @@ public:
 
 private:
     static void DeleteAll(const Rows& rows) {
-        for (const Row& row : rows) {
-            Kind::Request::Delete(Kind::CodeOf(row));
-        }
+        std::for_each(rows.begin(), rows.begin() + rows.nAsked,
+                      [](const Row& row) { Kind::Request::Delete(Kind::CodeOf(row)); });
     }
 
     KeyIndex<Key> m_Index;

@@ -4,44 +4,30 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
-#include <memory>
-#include <new>
+#include <string>
 
 #include "framework/codecs.h"
 #include "host/platform.h"
 
 class SettingsFile {
 public:
-    // `name` begins with the separator. Without memory for the path the file counts as missing.
-    SettingsFile(const char* folder, const char* name) {
-        const std::size_t folderLength = std::strlen(folder);
-        m_pPath.reset(new (std::nothrow) char[folderLength + std::strlen(name) + 1]);
-        if (m_pPath != nullptr) {
-            std::memcpy(m_pPath.get(), folder, folderLength);
-            std::strcpy(m_pPath.get() + folderLength, name);
-        }
-    }
+    // `name` begins with the separator. Throws if there is no memory for the path: settings are not to be
+    // taken for missing.
+    SettingsFile(const char* folder, const char* name) : m_Path(std::string(folder) + name) {}
 
-    // Null without memory.
-    const char* Path() const { return m_pPath.get(); }
+    const char* Path() const { return m_Path.c_str(); }
 
     int32_t Integer(const char* section, const char* key, int32_t otherwise) const {
-        return m_pPath == nullptr
-                   ? otherwise
-                   : static_cast<int32_t>(GetPrivateProfileIntA(section, key, otherwise, m_pPath.get()));
+        return static_cast<int32_t>(GetPrivateProfileIntA(section, key, otherwise, Path()));
     }
 
     // The value, cut to the array's room, with its zero byte; gives its length. Missing: empty.
     template <std::size_t Room>
     int Text(const char* section, const char* key, char (&text)[Room]) const {
-        text[0] = '\0';
-        return m_pPath == nullptr
-                   ? 0
-                   : static_cast<int>(GetPrivateProfileStringA(section, key, "", text, Room, m_pPath.get()));
+        return static_cast<int>(GetPrivateProfileStringA(section, key, "", text, Room, Path()));
     }
 
-    // A text's number; `otherwise` if the text is missing or empty.
+    // A text's number; if the text is missing or empty 0, or `otherwise`.
     template <std::size_t Room>
     int32_t Long(const char* section, const char* key) const {
         char text[Room];
@@ -55,7 +41,7 @@ public:
     }
 
 private:
-    std::unique_ptr<char[]> m_pPath;
+    std::string m_Path;
 };
 
 #endif

@@ -107,6 +107,13 @@ TEST_F(PassThrough, PacketsWaitOverAStopAndGoWithTheNextInit) {
                       Deleted('1', "1ASII", "80000000"), Deleted('N', "1FUND01", "80000000"), "view"}));
 }
 
+TEST_F(PassThrough, AListThatEndsWithinItsRequestsGivesUpWhatItAskedFor) {
+    m_Screen = m_Terminal.Open("RRPASS01_R");
+    m_Terminal.OnNextRequest([this] { m_Screen->Release(); });
+    Init(Inquiry({Item('1', "1ASII", "11"), Item('1', "1BBBB", "1")}));
+    EXPECT_EQ(Told(), (Events{Added('1', "1ASII", "80000000"), Deleted('1', "1ASII", "80000000")}));
+}
+
 TEST_F(PassThrough, AWindowThatFeedsFromWithinItsMessageGetsAllInOrder) {
     Open(Inquiry({Item('1', "1ASII", "1")}));
     m_Screen->OnNextMessage([this] { Batch(Trade("1ASII").Price(3)); });
