@@ -1,0 +1,29 @@
+#include "bench/plain/factories.h"
+
+#include <cstring>
+
+namespace plain {
+
+namespace {
+
+struct Factory {
+    const char* MapName;
+    Decoder* (*Create)(HWND window);
+};
+
+const Factory kFactories[] = {
+    {"RSTICK11_R", NewCRSTICK11},
+};
+
+}  // namespace
+
+Decoder* CreateDecoder(HWND window, const char* mapName) {
+    for (const Factory& factory : kFactories) {
+        if (strcmp(factory.MapName, mapName) == 0) {
+            return factory.Create(window);
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace plain
