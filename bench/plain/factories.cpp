@@ -12,7 +12,8 @@ struct Factory {
 };
 
 const Factory kFactories[] = {
-    {"RSTICK11_R", NewCRSTICK11},
+    {"RICAND11_R", NewCRICAND11}, {"RSCAND11_R", NewCRSCAND11}, {"RSNOCH21_R", NewCRSNOCH21},
+    {"RSORDE21_R", NewCRSORDE21}, {"RSORDE22_R", NewCRSORDE22}, {"RSTICK11_R", NewCRSTICK11},
 };
 
 }  // namespace

@@ -9,6 +9,11 @@ namespace plain {
 // Null: no such map.
 Decoder* CreateDecoder(HWND window, const char* mapName);
 
+Decoder* NewCRICAND11(HWND window);
+Decoder* NewCRSCAND11(HWND window);
+Decoder* NewCRSNOCH21(HWND window);
+Decoder* NewCRSORDE21(HWND window);
+Decoder* NewCRSORDE22(HWND window);
 Decoder* NewCRSTICK11(HWND window);
 
 }  // namespace plain
