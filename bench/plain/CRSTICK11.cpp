@@ -1,9 +1,9 @@
 // Stock tick list in its plain form.
 #include <cstring>
-#include <list>
 
 #include "bench/plain/codecs.h"
 #include "bench/plain/factories.h"
+#include "bench/plain/waiting_rows.h"
 #include "framework/subscription.h"
 #include "layouts/RSTICK11.h"
 
@@ -12,23 +12,20 @@ namespace plain {
 class CRSTICK11 : public Decoder {
 public:
     explicit CRSTICK11(HWND window) : Decoder(window) {
-        memset(&m_Key, ' ', sizeof(m_Key));
+        memset(m_Key, ' ', sizeof(m_Key));
         memset(&m_Head, ' ', sizeof(m_Head));
         SetSlot(TradePacket::kType, sizeof(TradePacket), &CRSTICK11::OnTradePacket);
     }
 
-    ~CRSTICK11() override {
-        FreeRows();
-        DelTrStcd(&m_Key.Board, sizeof(m_Key), kStockClass, kWantTrades);
-    }
+    ~CRSTICK11() override { DelTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantTrades); }
 
     int Init(const char* buffer) override {
         m_Tag = TagOf(buffer);
         Decoder::Init(buffer);
-        StockKey key;
+        char key[sizeof(m_Key)];
         RepeatHead block;
         TickRow row;
-        if (!ReadBytes(&key, sizeof(key)) || !ReadBytes(&m_Head, sizeof(m_Head)) ||
+        if (!ReadBytes(key, sizeof(key)) || !ReadBytes(&m_Head, sizeof(m_Head)) ||
             !ReadRepeatBlock(&block, &row, sizeof(row), 1) || m_nInitRemain != 0) {
             return 0;
         }
@@ -39,38 +36,33 @@ public:
             GetLocalTime(&now);
             LongToAscii(now.wYear * 10000 + now.wMonth * 100 + now.wDay, m_Date, sizeof(m_Date));
         }
-        const StockKey oldKey = m_Key;
-        m_Key = key;
-        FreeRows();
+        char oldKey[sizeof(m_Key)];
+        memcpy(oldKey, m_Key, sizeof(m_Key));
+        memcpy(m_Key, key, sizeof(m_Key));
+        m_Ticks.Clear();
         m_Head.Period = kTickList;
         m_Head.RowAction = kAppendRow;
-        AddTrStcd(&m_Key.Board, sizeof(m_Key), kStockClass, kWantTrades);
-        DelTrStcd(&oldKey.Board, sizeof(oldKey), kStockClass, kWantTrades);
+        AddTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantTrades);
+        DelTrStcd(oldKey, sizeof(oldKey), kStockClass, kWantTrades);
         return 1;
     }
 
     void Release() override {
         Decoder::Release();
-        DelTrStcd(&m_Key.Board, sizeof(m_Key), kStockClass, kWantTrades);
-        memset(&m_Key, ' ', sizeof(m_Key));
+        DelTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantTrades);
+        memset(m_Key, ' ', sizeof(m_Key));
     }
 
     void EndUnpack() override {
         if (m_bChanged == 0 || m_bStopped != 0) {
             return;
         }
-        const int count = static_cast<int>(m_Ticks.size());
-        if (count > 0) {
-            char* buffer = NewRowsBuffer(m_Tag, offsetof(HeadedRows, Repeat), count, sizeof(TickRow));
+        if (m_Ticks.Count() > 0) {
+            char* buffer =
+                NewRowsBuffer(m_Tag, offsetof(HeadedRows, Repeat), m_Ticks.Count(), sizeof(TickRow));
             memcpy(buffer + offsetof(HeadedRows, Head), &m_Head, sizeof(m_Head));
-            char* place = buffer + sizeof(HeadedRows);
-            while (!m_Ticks.empty()) {
-                memcpy(place, m_Ticks.front(), sizeof(TickRow));
-                place += sizeof(TickRow);
-                delete m_Ticks.front();
-                m_Ticks.pop_front();
-            }
-            PostToView(buffer, static_cast<int>(place - buffer) - static_cast<int>(sizeof(RequestTag)));
+            char* end = m_Ticks.MoveTo(buffer + sizeof(HeadedRows));
+            PostToView(buffer, static_cast<int>(end - buffer) - static_cast<int>(sizeof(m_Tag)));
         }
         m_bChanged = 0;
     }
@@ -78,33 +70,24 @@ public:
 private:
     int OnTradePacket(const char* payload) {
         const auto& trade = *reinterpret_cast<const TradePacket*>(payload);
-        if (trade.Volume == 0 || memcmp(&trade.Key, &m_Key, sizeof(m_Key)) != 0) {
+        if (trade.Volume == 0 || memcmp(&trade.Key, m_Key, sizeof(m_Key)) != 0) {
             return 0;
         }
-        auto* row = new TickRow;
-        memset(row, ' ', sizeof(*row));
+        TickRow* row = m_Ticks.Add();
         LongToAscii(trade.Price, m_Head.Price, sizeof(m_Head.Price));
         LongToAscii(trade.TotalVolume, m_Head.Quantity, sizeof(m_Head.Quantity));
         memcpy(row->Date, m_Date, sizeof(row->Date));
         memcpy(row->Time, trade.Time, sizeof(row->Time));
         LongToAscii(trade.Price, row->Price, sizeof(row->Price));
         LongToAscii(trade.Volume, row->Volume, sizeof(row->Volume));
-        m_Ticks.push_back(row);
         return 1;
     }
 
-    void FreeRows() {
-        for (TickRow* row : m_Ticks) {
-            delete row;
-        }
-        m_Ticks.clear();
-    }
-
-    StockKey m_Key;
+    char m_Key[sizeof(StockKey)];
     RequestTag m_Tag{};
     char m_Date[8];
     DisplayHead m_Head;
-    std::list<TickRow*> m_Ticks;
+    WaitingRows<TickRow> m_Ticks;
 };
 
 Decoder* NewCRSTICK11(HWND window) {

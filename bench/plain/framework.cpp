@@ -132,8 +132,8 @@ void Decoder::ClearViewQueue() {
 }
 
 RequestTag Decoder::TagOf(const char* buffer) {
-    RequestTag tag;
-    strncpy(tag.Bytes, buffer, sizeof(tag.Bytes));
+    RequestTag tag = {};
+    memcpy(&tag, buffer, std::min(strlen(buffer), sizeof(tag)));
     return tag;
 }
 
