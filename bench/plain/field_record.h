@@ -1,4 +1,4 @@
-// A panel's record of numbered fields, found by walking the table.
+// A panel's record of numbered fields, with the place of each worked out once.
 #ifndef TICKMUX_BENCH_PLAIN_FIELD_RECORD_H
 #define TICKMUX_BENCH_PLAIN_FIELD_RECORD_H
 
@@ -14,26 +14,20 @@ namespace plain {
 class FieldRecord {
 public:
     template <size_t Fields>
-    explicit FieldRecord(const PanelField (&table)[Fields])
-        : m_pTable(table),
-          m_nFields(static_cast<int>(Fields)),
-          m_Bytes(static_cast<size_t>(OffsetOf(Fields))) {
+    explicit FieldRecord(const PanelField (&table)[Fields]) : m_pTable(table), m_Offsets(1, 0) {
+        for (const PanelField& field : table) {
+            m_Offsets.push_back(m_Offsets.back() + field.Width);
+        }
+        m_Bytes.resize(static_cast<size_t>(m_Offsets.back()));
         Clear();
     }
 
     void Clear() { memset(m_Bytes.data(), ' ', m_Bytes.size()); }
-    int Fields() const { return m_nFields; }
+    int Fields() const { return static_cast<int>(m_Offsets.size()) - 1; }
 
-    int OffsetOf(int number) const {
-        int offset = 0;
-        for (int i = 0; i < number; ++i) {
-            offset += m_pTable[i].Width;
-        }
-        return offset;
-    }
-    char* At(int offset) { return m_Bytes.data() + offset; }
-
-    char* Tag(int number) { return At(OffsetOf(number)); }
+    // Of the last field's number and 1: where the record ends.
+    int OffsetOf(int number) const { return m_Offsets[static_cast<size_t>(number)]; }
+    char* Tag(int number) { return m_Bytes.data() + OffsetOf(number); }
     char* Value(int number) { return Tag(number) + (m_pTable[number].HasTag ? 2 : 0); }
     int Width(int number) const { return m_pTable[number].Width - (m_pTable[number].HasTag ? 2 : 0); }
 
@@ -48,7 +42,7 @@ public:
 
 private:
     const PanelField* m_pTable;
-    int m_nFields;
+    std::vector<int> m_Offsets;
     std::vector<char> m_Bytes;
 };
 

@@ -219,6 +219,10 @@ std::function<void()> LoggedIn(const std::string& user) {
     return [user] {
         tickhost_set_text("UserID", user.c_str());
         tickhost_set_text("MenuGrade", "1");
+        const char* const stocks[] = {"ASII"};
+        tickhost_set_tobrin_account(1);
+        tickhost_set_industry(1, 1, stocks, stocks);
+        tickhost_set_master(3, 1, stocks, stocks, stocks);
     };
 }
 
@@ -231,6 +235,10 @@ protected:
         AddCharts("RSCAND11_R", "1ASII", dice, m_Screens);
         AddCharts("RICAND11_R", "COMP", dice, m_Screens);
         AddOrderLists(dice, m_Screens);
+        const std::string row = "1" + Left("ASII", 128) + Right("1000", 15) + std::string(34, ' ');
+        m_Screens.push_back({"RSFLDN01_R", "M1unread.."});
+        m_Screens.push_back({"RSITST01_R", "S1  7" + BlockOf({row}, "178")});
+        m_Screens.push_back({"RSODER01_R", "B1" + Left("1ASII", 19) + Block("0", "108")});
     }
 
     Screens m_Screens = SampleScreens();
