@@ -97,8 +97,6 @@ private:
                 return m_Form.Stop(handle());
             case Step::Release:
                 return m_Form.Release(handle());
-            case Step::CloseWindow:
-                return tickhost_destroy_window(m_Screens.at(step.Screen)->Window);
             case Step::Packet:
                 return m_Form.Put(step.Text);
             case Step::EndBatch:

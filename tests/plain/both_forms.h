@@ -9,7 +9,7 @@
 #include <vector>
 
 struct Step {
-    enum What { Open, Init, Stop, Release, CloseWindow, Packet, EndBatch, Clock } Do;
+    enum What { Open, Init, Stop, Release, Packet, EndBatch, Clock } Do;
     std::size_t Screen = 0;  // in order of opening
     std::string Text;        // map name, Init text or packet
     uint32_t Milliseconds = 0;

@@ -57,7 +57,7 @@ Screens SampleScreens() {
 
 // Each period of the stock or the index, on a newest candle that may be finished, of another day, or missing.
 void AddCharts(const std::string& map, const std::string& key, Random& dice, Screens& screens) {
-    for (const char period : std::string("ABCEGHIJKL")) {
+    for (const char period : std::string("ABCEGHIJKLABCEGHIJKL")) {
         const tools::ScreenKind& kind = tools::FindScreenKind(map);
         tools::InitText init = kind.MakeInit(key, {"20261120"});
         init.Set("Period", std::string(1, period));
@@ -65,7 +65,7 @@ void AddCharts(const std::string& map, const std::string& key, Random& dice, Scr
         init.Set("Head.Quantity", Number(0, 100000, dice));
         if (dice.Chance(70)) {
             const char* const times[] = {"090000", "090130", "090300", "085930",
-                                         "093000", "100000", "200000"};
+                                         "093000", "100000", "200030"};
             init.Set("Row.Date", dice.Chance(70) ? "20261120" : "20261119");
             init.Set("Row.Time", OneOf(times, dice));
             init.Set("Row.Open", Number(900, 1100, dice));
@@ -159,6 +159,12 @@ void Spoil(std::string& packet, Random& dice) {
     }
 }
 
+// In tenths of a second, so that it meets the charts' throttle exactly; it wraps on the way.
+uint32_t TickCount(tools::Timestamp time) {
+    const auto morning = tools::ParseDate("20261120") + tools::kSessionOpen + std::chrono::minutes(20);
+    return static_cast<uint32_t>((time - morning) / std::chrono::milliseconds(100) * 100);
+}
+
 Steps GeneratedSession(const Screens& screens, int broken) {
     const ScratchFolder folder;
     tools::FeedOptions options;
@@ -178,8 +184,7 @@ Steps GeneratedSession(const Screens& screens, int broken) {
     tools::CaptureReader reader(folder.Path("session.pcap"));
     tools::CaptureRecord record{};
     while (reader.Next(record)) {
-        const auto clock = std::chrono::floor<std::chrono::milliseconds>(record.Time.time_since_epoch());
-        steps.push_back({Step::Clock, 0, "", static_cast<uint32_t>(clock.count())});
+        steps.push_back({Step::Clock, 0, "", TickCount(record.Time)});
         if (record.EndsBatch()) {
             steps.push_back({Step::EndBatch, 0, ""});
             if (dice.Chance(5)) {
