@@ -86,21 +86,13 @@ private:
         SignToColor(row->RateTag, trade.Sign);
         DoubleToAscii(rate, row->Rate, sizeof(row->Rate), 2);
         LongToAscii(trade.Volume, row->Volume, sizeof(row->Volume));
-        WriteClassTag(row->Broker1ClassTag, trade.Broker1Class);
+        ClassColor(trade.Broker1Class, row->Broker1ClassTag);
         row->Broker1Class = trade.Broker1Class;
         memcpy(row->Broker1, trade.Broker1, sizeof(row->Broker1));
-        WriteClassTag(row->Broker2ClassTag, trade.Broker2Class);
+        ClassColor(trade.Broker2Class, row->Broker2ClassTag);
         row->Broker2Class = trade.Broker2Class;
         memcpy(row->Broker2, trade.Broker2, sizeof(row->Broker2));
         return 1;
-    }
-
-    static void WriteClassTag(char* tag, char brokerClass) {
-        if (brokerClass == 'F') {
-            memcpy(tag, "4 ", 2);
-        } else if (brokerClass == 'D') {
-            memcpy(tag, "1 ", 2);
-        }
     }
 
     char m_Key[sizeof(StockKey)];

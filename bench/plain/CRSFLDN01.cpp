@@ -261,23 +261,15 @@ private:
         SignToColor(row->RateTag, trade.Sign);
         DoubleToAscii(rate, row->Rate, sizeof(row->Rate), 2);
         LongToAscii(trade.Volume, row->Volume, sizeof(row->Volume));
-        WriteClassTag(row->Broker1ClassTag, trade.Broker1Class);
+        ClassColor(trade.Broker1Class, row->Broker1ClassTag);
         row->Broker1Class = trade.Broker1Class;
         WriteBrokerTag(row->Broker1Tag, trade.Broker1);
         CopyRightAligned(row->Broker1, trade.Broker1, sizeof(row->Broker1), sizeof(trade.Broker1));
-        WriteClassTag(row->Broker2ClassTag, trade.Broker2Class);
+        ClassColor(trade.Broker2Class, row->Broker2ClassTag);
         row->Broker2Class = trade.Broker2Class;
         WriteBrokerTag(row->Broker2Tag, trade.Broker2);
         CopyRightAligned(row->Broker2, trade.Broker2, sizeof(row->Broker2), sizeof(trade.Broker2));
         return row;
-    }
-
-    static void WriteClassTag(char* tag, char brokerClass) {
-        if (brokerClass == 'F') {
-            memcpy(tag, "4 ", 2);
-        } else if (brokerClass == 'D') {
-            memcpy(tag, "1 ", 2);
-        }
     }
 
     void WriteBrokerTag(char* tag, const char (&broker)[4]) const {
@@ -287,13 +279,13 @@ private:
         }
         switch (static_cast<const char*>(found->second->szMark)[0]) {
             case '0':
-                memcpy(tag, "0 ", 2);
+                tag[0] = '0';
                 break;
             case '1':
-                memcpy(tag, "4 ", 2);
+                ColorOf(-1, tag);
                 break;
             case '2':
-                memcpy(tag, "1 ", 2);
+                ColorOf(1, tag);
                 break;
             default:
                 break;

@@ -82,8 +82,8 @@ public:
         RepeatHead& head = display->Front.Repeat;
         LongToAscii(kBookRows, head.Count, sizeof(head.Count));
         LongToAscii(sizeof(BookRow), head.Size, sizeof(head.Size));
-        memcpy(display->Rows[kBookTotals].Side1.QtyTag, "4 ", 2);
-        memcpy(display->Rows[kBookTotals].Side2.QtyTag, "1 ", 2);
+        ColorOf(-1, display->Rows[kBookTotals].Side1.QtyTag);
+        ColorOf(1, display->Rows[kBookTotals].Side2.QtyTag);
         PostToView(nullptr, 0);
         m_bChanged = 0;
     }

@@ -22,7 +22,16 @@ int SignToColor(char* dst, char sign) {
 }
 
 void ColorOf(int direction, char* dst) {
-    memcpy(dst, direction > 0 ? "1 " : direction < 0 ? "4 " : "5 ", 2);
+    dst[0] = direction > 0 ? '1' : direction < 0 ? '4' : '5';
+    dst[1] = ' ';
+}
+
+void ClassColor(char brokerClass, char* dst) {
+    if (brokerClass == 'F') {
+        ColorOf(-1, dst);
+    } else if (brokerClass == 'D') {
+        ColorOf(1, dst);
+    }
 }
 
 int32_t AsciiToLong(const char* src, int n) {

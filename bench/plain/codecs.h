@@ -15,6 +15,9 @@ int SignToColor(char* dst, char sign);
 // The colour tag of a direction.
 void ColorOf(int direction, char* dst);
 
+// The colour tag of a broker's class; any other than 'F' and 'D' leaves it as it is.
+void ClassColor(char brokerClass, char* dst);
+
 // Numbers beyond 32 or 64 bits give the nearest end of the range.
 int32_t AsciiToLong(const char* src, int n);
 int64_t AsciiToInt64(const char* src, int n);
