@@ -42,11 +42,8 @@ protected:
         if (BeginsWith(status, kAmendSyllable) || BeginsWith(status, kFillWord)) {
             return;
         }
-        if (BeginsWith(status, kCancelConfirmedWord)) {
-            RemoveRow(own);
-        } else if (BeginsWith(status, kCancelSyllable)) {
-            ApplyKindRule(*own, event);
-        } else if (status.size() >= 8 && status.compare(4, 4, kRefusedWord) == 0) {
+        const bool isRefused = status.size() >= 8 && status.compare(4, 4, kRefusedWord) == 0;
+        if (BeginsWith(status, kCancelConfirmedWord) || (isRefused && !BeginsWith(status, kCancelSyllable))) {
             RemoveRow(own);
         } else {
             ApplyKindRule(*own, event);

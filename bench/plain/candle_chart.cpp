@@ -1,5 +1,6 @@
 #include "bench/plain/candle_chart.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -36,7 +37,7 @@ int Remainder(char period, const std::string& time) {
     if (period == 'K') {
         return minutesAndSeconds;
     }
-    return minutesAndSeconds % (StepSeconds(period) / 60 * 100);
+    return minutesAndSeconds % std::max(1, StepSeconds(period) / 60 * 100);
 }
 
 std::string LaterTime(const std::string& time, int seconds) {

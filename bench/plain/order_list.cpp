@@ -21,7 +21,9 @@ void TakeText(char* dst, const char* src, size_t length) {
 
 void PutText(char* dst, size_t width, const char* text) {
     memset(dst, ' ', width);
-    memcpy(dst, text, strlen(text));
+    for (size_t i = 0; i < width && text[i] != '\0'; ++i) {
+        dst[i] = text[i];
+    }
 }
 
 void PutStatus(OrderRow& row, const char* word) {

@@ -42,7 +42,7 @@ struct ThePlainForm {
     static bool Take(void* queue, char** data, int* length) {
         return plain::TakeViewItem(queue, data, length);
     }
-    static void Free(char* data) { delete[] data; }
+    static void Free(const char* data) { delete[] data; }
 
     plain::Module Module;
 };
