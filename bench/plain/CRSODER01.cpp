@@ -1,0 +1,202 @@
+// Order book in its plain form.
+#include <cstring>
+#include <string>
+
+#include "bench/plain/codecs.h"
+#include "bench/plain/factories.h"
+#include "bench/plain/rates.h"
+#include "framework/subscription.h"
+#include "framework/wrap.h"
+#include "host/services.h"
+#include "layouts/RSODER01.h"
+
+namespace plain {
+
+class CRSODER01 : public Decoder {
+public:
+    explicit CRSODER01(HWND window) : Decoder(window) {
+        memset(m_Key, ' ', sizeof(m_Key));
+        SetSlot(TradePacket::kType, sizeof(TradePacket), &CRSODER01::OnTradePacket);
+        SetSlot(BookPacket::kType, sizeof(BookPacket), &CRSODER01::OnBookPacket);
+        const std::string path = std::string(CEnvMgr::GetDataDir()) + "\\EnvVar.ini";
+        m_bUseHogaRect =
+            static_cast<int32_t>(GetPrivateProfileIntA("USER_TABLE_HOGARECT", "USE", 1, path.c_str()));
+    }
+
+    ~CRSODER01() override { DelTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantBook); }
+
+    int Init(const char* buffer) override {
+        AllocOutput(TagOf(buffer), sizeof(BookDisplay) - sizeof(RequestTag));
+        Decoder::Init(buffer);
+        BookInit init;
+        auto* display = reinterpret_cast<BookDisplay*>(m_pOutput);
+        if (!ReadBytes(&init, sizeof(init)) ||
+            !ReadRepeatBlock(&display->Front.Repeat, display->Rows, sizeof(BookRow), kBookRows) ||
+            m_nInitRemain != 0) {
+            return 0;
+        }
+        char oldKey[sizeof(m_Key)];
+        memcpy(oldKey, m_Key, sizeof(m_Key));
+        memcpy(m_Key, &init.Key, sizeof(m_Key));
+        m_nCurPrice = -1;
+        m_nBasePrice = -1;
+        for (size_t i = 0; i < kBookRows; ++i) {
+            ParseSide(display->Rows[i].Side1, m_Levels[i].Side1);
+            ParseSide(display->Rows[i].Side2, m_Levels[i].Side2);
+        }
+        AddTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantBook);
+        DelTrStcd(oldKey, sizeof(oldKey), kStockClass, kWantBook);
+        return 1;
+    }
+
+    void Release() override {
+        Decoder::Release();
+        DelTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantBook);
+        memset(m_Key, ' ', sizeof(m_Key));
+    }
+
+    void EndUnpack() override {
+        if (m_bChanged == 0 || m_bStopped != 0) {
+            return;
+        }
+        auto* display = reinterpret_cast<BookDisplay*>(m_pOutput);
+        for (size_t i = 0; i < kBookRows; ++i) {
+            BookRow& row = display->Rows[i];
+            const Level& level = m_Levels[i];
+            WriteFigures(row.Side1, level.Side1);
+            WriteFigures(row.Side2, level.Side2);
+            if (m_nBasePrice != -1) {
+                WritePriceTags(row.Side1, level.Side1.Price);
+                WritePriceTags(row.Side2, level.Side2.Price);
+            }
+            if (m_bUseHogaRect != 0 && m_nCurPrice > 0) {
+                if (m_nCurPrice == level.Side1.Price) {
+                    row.Side1.PriceTag[1] = kCurrentPrice;
+                } else if (m_nCurPrice == level.Side2.Price) {
+                    row.Side2.PriceTag[1] = kCurrentPrice;
+                }
+            }
+            WriteDiff(row.Side1, level.Side1.Diff);
+            WriteDiff(row.Side2, level.Side2.Diff);
+        }
+        RepeatHead& head = display->Front.Repeat;
+        LongToAscii(kBookRows, head.Count, sizeof(head.Count));
+        LongToAscii(sizeof(BookRow), head.Size, sizeof(head.Size));
+        ColorOf(-1, display->Rows[kBookTotals].Side1.QtyTag);
+        ColorOf(1, display->Rows[kBookTotals].Side2.QtyTag);
+        PostToView(nullptr, 0);
+        m_bChanged = 0;
+    }
+
+private:
+    struct Side {
+        int32_t Diff;
+        int32_t Qty;
+        double Rate;
+        int32_t Price;
+    };
+    struct Level {
+        Side Side1;
+        Side Side2;
+    };
+
+    static void ParseSide(const BookRowSide& shown, Side& side) {
+        side.Price = AsciiToLong(shown.Price, sizeof(shown.Price));
+        side.Qty = AsciiToLong(shown.Qty, sizeof(shown.Qty));
+        side.Rate = AsciiToDouble(shown.Rate, sizeof(shown.Rate));
+        side.Diff = AsciiToLong(shown.Diff, sizeof(shown.Diff));
+        if (shown.DiffSign == '-') {
+            side.Diff = WrapSubtract(0, side.Diff);
+        }
+    }
+
+    int OnBookPacket(const char* payload) {
+        const auto& book = *reinterpret_cast<const BookPacket*>(payload);
+        if (memcmp(&book.Key, m_Key, sizeof(m_Key)) != 0) {
+            return 0;
+        }
+        m_nBasePrice = book.BasePrice;
+        Level levels[kBookTotals];
+        for (size_t i = 0; i < kBookTotals; ++i) {
+            const PacketLevel& from = book.Levels[i];
+            TakeSide(&Level::Side1, from.Side1Price, from.Side1Qty, levels[i].Side1);
+            TakeSide(&Level::Side2, from.Side2Price, from.Side2Qty, levels[i].Side2);
+        }
+        memcpy(m_Levels, levels, sizeof(levels));
+        TakeTotal(m_Levels[kBookTotals].Side1, book.Side1Total);
+        TakeTotal(m_Levels[kBookTotals].Side2, book.Side2Total);
+        return 1;
+    }
+
+    // The quantity is compared with that of the same price in the former book.
+    void TakeSide(Side Level::*which, int32_t price, int32_t quantity, Side& side) const {
+        side.Rate = 0.0;
+        if (m_nBasePrice != 0) {
+            side.Rate = (static_cast<double>(price) - m_nBasePrice) / m_nBasePrice * 100.0;
+            if (side.Rate < 0.0) {
+                side.Rate += 0.00499;
+            } else if (side.Rate > 0.0) {
+                side.Rate -= 0.00499;
+            }
+        }
+        side.Price = price;
+        side.Qty = quantity;
+        side.Diff = quantity;
+        for (size_t i = 0; i < kBookTotals; ++i) {
+            const Side& former = m_Levels[i].*which;
+            if (former.Price == price) {
+                side.Diff = WrapSubtract(quantity, former.Qty);
+                break;
+            }
+        }
+    }
+
+    static void TakeTotal(Side& side, int32_t total) {
+        side.Diff = total != 0 ? WrapSubtract(total, side.Qty) : 0;
+        side.Qty = total;
+    }
+
+    int OnTradePacket(const char* payload) {
+        const auto& trade = *reinterpret_cast<const TradePacket*>(payload);
+        if (m_bUseHogaRect == 0 || memcmp(&trade.Key, m_Key, sizeof(m_Key)) != 0 ||
+            trade.Price == m_nCurPrice) {
+            return 0;
+        }
+        if (m_nBasePrice <= 0) {
+            m_nBasePrice = BaseOf(trade.Price, SignToColor(nullptr, trade.Sign), trade.Change);
+        }
+        m_nCurPrice = trade.Price;
+        return 1;
+    }
+
+    static void WriteFigures(BookRowSide& shown, const Side& side) {
+        LongToAscii(side.Price, shown.Price, sizeof(shown.Price));
+        DoubleToAscii(side.Rate, shown.Rate, sizeof(shown.Rate), 2);
+        LongToAscii(side.Qty, shown.Qty, sizeof(shown.Qty));
+    }
+
+    void WritePriceTags(BookRowSide& shown, int32_t price) const {
+        ColorOf(Compare(price, m_nBasePrice), shown.PriceTag);
+        memcpy(shown.QtyTag, shown.PriceTag, sizeof(shown.QtyTag));
+        memcpy(shown.RateTag, shown.PriceTag, sizeof(shown.RateTag));
+    }
+
+    static void WriteDiff(BookRowSide& shown, int64_t diff) {
+        ColorOf(Compare(diff, int64_t{0}), shown.DiffTag);
+        shown.DiffSign = diff > 0 ? '+' : diff < 0 ? '-' : ' ';
+        memcpy(shown.DiffAmountTag, shown.DiffTag, sizeof(shown.DiffAmountTag));
+        Int64ToAscii(diff < 0 ? -diff : diff, shown.Diff, sizeof(shown.Diff));
+    }
+
+    char m_Key[sizeof(StockKey)];
+    int32_t m_bUseHogaRect;
+    Level m_Levels[kBookRows] = {};
+    int32_t m_nCurPrice = -1;
+    int32_t m_nBasePrice = -1;
+};
+
+Decoder* NewCRSODER01(HWND window) {
+    return new CRSODER01(window);
+}
+
+}  // namespace plain
