@@ -24,7 +24,7 @@ public:
 private:
     int OnIndexPacket(const IndexPacket& index);
 
-    FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key;
+    FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key{Filter()};
     PlainRows m_Front{};
     double m_dBaseValue = 0.0;  // of the rate, in index points; 0: none yet
     WaitingRows<IndexTickRow> m_Ticks;

@@ -22,7 +22,7 @@ public:
 private:
     int OnIndexPacket(const IndexPacket& index);
 
-    FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key;
+    FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key{Filter()};
     HeadedRows m_Front;  // tag and display head of the next buffer
     char m_Date[8];      // in every row
 };

@@ -22,7 +22,7 @@ public:
 private:
     int OnBrokerPacket(const BrokerPacket& brokers);
 
-    FollowedCode<StockKey, kStockClass, kWantBrokers> m_Key;
+    FollowedCode<StockKey, kStockClass, kWantBrokers> m_Key{Filter()};
 };
 
 #endif

@@ -24,7 +24,7 @@ public:
 private:
     int OnTradePacket(const TradePacket& trade);
 
-    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key;
+    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key{Filter()};
     PlainRows m_Front{};
     int32_t m_nBasePrice = 0;  // of the rate; 0: none yet
     WaitingRows<FillRow> m_Ticks;

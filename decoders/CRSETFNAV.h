@@ -25,7 +25,7 @@ private:
     template <std::size_t N>
     void PutValue(NavField& field, const char (&text)[N]) const;
 
-    FollowedCode<StockKey, kFundClass, kWantFund> m_Key;
+    FollowedCode<StockKey, kFundClass, kWantFund> m_Key{Filter()};
     double m_dBaseValue = 0.0;
 };
 

@@ -44,7 +44,7 @@ private:
     void PutRow(BookRow& row, const SideLevel& level1, const SideLevel& level2) const;
     void PutPriceTags(BookRowSide& shown, int32_t price) const;
 
-    FollowedCode<StockKey, kStockClass, kWantBook> m_Key;
+    FollowedCode<StockKey, kStockClass, kWantBook> m_Key{Filter()};
     int32_t m_bUseHogaRect;  // the user wants the current price marked
     int32_t m_nCurPrice;     // of the latest trade, or kNone
     int32_t m_nBasePrice;    // of rates and colours, or kNone

@@ -25,7 +25,7 @@ public:
 private:
     int OnTradePacket(const TradePacket& trade);
 
-    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key;
+    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key{Filter()};
     HeadedRows m_Front;  // tag and display head of the next buffer
     char m_Date[8];      // YYYYMMDD, in every row
     WaitingRows<TickRow> m_Ticks;

@@ -4,7 +4,6 @@
 #define TICKMUX_DECODERS_CANDLECLOCK_H
 
 #include <cstdint>
-#include <cstring>
 
 #include "framework/codecs.h"
 #include "framework/shapes.h"
@@ -13,8 +12,17 @@
 struct ClockTime {
     char Text[6];
 
-    bool operator==(const ClockTime& other) const { return std::memcmp(Text, other.Text, sizeof(Text)) == 0; }
-    bool After(const ClockTime& other) const { return std::memcmp(Text, other.Text, sizeof(Text)) > 0; }
+    bool operator==(const ClockTime& other) const { return SameBytes(*this, other); }
+    bool After(const ClockTime& other) const { return Order() > other.Order(); }
+
+    // A number for each text, in the order of the texts.
+    uint64_t Order() const {
+        uint64_t order = 0;
+        for (const char each : Text) {
+            order = order << 8 | static_cast<unsigned char>(each);
+        }
+        return order;
+    }
 };
 static_assert(sizeof(ClockTime) == 6);
 

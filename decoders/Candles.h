@@ -75,7 +75,7 @@ protected:
         Reset();
     }
 
-    bool Follows(const Key& key) const { return std::memcmp(m_Key, &key, sizeof(Key)) == 0; }
+    bool Follows(const Key& key) const { return FollowedKey() == key; }
     char PeriodChar() const { return m_Front.Head.Period; }
 
     // Period kTickList: a row of its own. The handler's result.
@@ -148,6 +148,7 @@ int CandleDecoder<Kind>::Init(const char* buffer) {
     }
     const Key former = FollowedKey();
     Put(m_Key, init.Key);
+    Filter().Set(FollowedKey());
     Put(m_Date, init.Date);
     m_Front.Head = init.Head;
     Reset();
@@ -422,6 +423,7 @@ void CandleDecoder<Kind>::GiveUp() {
 template <class Kind>
 void CandleDecoder<Kind>::ClearBlock() {
     FillBlank(m_Key);
+    Filter().Set(FollowedKey());
     FillBlank(m_Date);
     FillBlank(m_Front.Head);
 }

@@ -48,7 +48,7 @@ protected:
 private:
     using Record = PanelRecord<Kind::kTable>;
 
-    FollowedCode<Key, Kind::kClass, Kind::kFlags> m_Key;
+    FollowedCode<Key, Kind::kClass, Kind::kFlags> m_Key{Filter()};
     FieldRange m_Range;
     RequestTag m_Tag{};
     Record m_Fields;

@@ -72,19 +72,6 @@ void AlignRight(const char* text, std::size_t textLen, char* dst, std::size_t le
 
 }  // namespace
 
-int SignToColor(char* dst, char sign) {
-    const int direction = sign >= '1' && sign <= '4' ? 1 : sign >= '5' && sign <= '8' ? -1 : 0;
-    if (dst != nullptr) {
-        PutColor(*reinterpret_cast<char(*)[2]>(dst), direction);
-    }
-    return direction;
-}
-
-void PutColor(char (&tag)[2], int direction) {
-    tag[0] = direction > 0 ? '1' : direction < 0 ? '4' : '5';
-    tag[1] = ' ';
-}
-
 int32_t AsciiToLong(const char* src, int n) {
     return codecs::ReadLong(src, static_cast<std::size_t>(n));
 }
@@ -103,6 +90,9 @@ double AsciiToDouble(const char* src, int n) {
 }
 
 double TextToDouble(const char* src, int n) {
+    for (; n > static_cast<int>(digits::kVector) && *src == ' '; --n) {
+        ++src;
+    }
     double plain = 0.0;
     if (n <= static_cast<int>(digits::kVector) &&
         digits::ReadPaddedDecimal(digits::Padded16::Of(src, static_cast<std::size_t>(n)), plain)) {

@@ -19,10 +19,21 @@
 
 // The direction of a sign char: +1 for '1' to '4', -1 for '5' to '8', else 0. Writes its colour tag to `dst`
 // unless that is null.
-int SignToColor(char* dst, char sign);
+inline int SignToColor(char* dst, char sign);
 
 // Writes the colour tag of a direction: above 0 "1 ", below 0 "4 ", 0 "5 ".
-void PutColor(char (&tag)[2], int direction);
+inline void PutColor(char (&tag)[2], int direction) {
+    tag[0] = "451"[(direction > 0) - (direction < 0) + 1];
+    tag[1] = ' ';
+}
+
+int SignToColor(char* dst, char sign) {
+    const int direction = (sign >= '1' && sign <= '4') - (sign >= '5' && sign <= '8');
+    if (dst != nullptr) {
+        PutColor(*reinterpret_cast<char(*)[2]>(dst), direction);
+    }
+    return direction;
+}
 
 // The direction in which `value` lies from `base`.
 template <class Number>

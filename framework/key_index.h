@@ -7,10 +7,11 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <memory>
 #include <new>
 #include <utility>
+
+#include "framework/shapes.h"
 
 template <class Key>
 class KeyIndex {
@@ -55,25 +56,18 @@ private:
     // The key's own slot, or the empty one where its search ends: at least half of all are empty.
     Slot& SlotOf(const Key& key) const {
         std::size_t at = Hash(key) & m_nMask;
-        while (m_pSlots[at].Place != kNowhere && std::memcmp(&m_pSlots[at].Code, &key, sizeof(Key)) != 0) {
+        while (m_pSlots[at].Place != kNowhere && !SameBytes(m_pSlots[at].Code, key)) {
             at = (at + 1) & m_nMask;
         }
         return m_pSlots[at];
     }
 
-    // Eight bytes at a time; keys that differ in one character fall far apart.
+    // Products of odd numbers spread every character over the upper half.
     static std::size_t Hash(const Key& key) {
         constexpr uint64_t kGoldenRatio = 0x9E3779B97F4A7C15;
-        constexpr int kHigh = 32;
-        const char* bytes = reinterpret_cast<const char*>(&key);
-        uint64_t hash = 0;
-        for (std::size_t at = 0; at < sizeof(Key); at += sizeof(uint64_t)) {
-            uint64_t word = 0;
-            std::memcpy(&word, bytes + at, std::min(sizeof(word), sizeof(Key) - at));
-            hash = (hash ^ word) * kGoldenRatio;
-            hash ^= hash >> kHigh;
-        }
-        return static_cast<std::size_t>(hash);
+        constexpr uint64_t kOtherOdd = 0xC2B2AE3D27D4EB4F;
+        constexpr int kUpperHalf = 32;
+        return static_cast<std::size_t>((HeadOf(key) * kGoldenRatio ^ TailOf(key) * kOtherOdd) >> kUpperHalf);
     }
 
     std::unique_ptr<Slot[]> m_pSlots;

@@ -185,9 +185,13 @@ void CRTMMapManager::RemoveFromTypeLists(CRTMPacketDecoder* decoder) {
 // ------------------------------------------------------------------ the packet path
 
 int CRTMMapManager::PutRTMPacket(const char* packet, int length) {
-    if (packet == nullptr || length < 1 || *packet < kFirstPacketType || *packet > kLastPacketType) {
+    // The shortest payload is longer than a key's head: what is shorter fits no slot.
+    constexpr auto kShortest = static_cast<int>(1 + KeyFilter::kHeadSize);
+    if (packet == nullptr || length < kShortest || *packet < kFirstPacketType || *packet > kLastPacketType) {
         return 1;
     }
+    uint64_t head = 0;
+    std::memcpy(&head, packet + 1, sizeof(head));
     // By index, since a window that is told of a row may open a screen, which makes the list longer. Whether
     // somebody comes next is asked before the call: the last one stays the last for this packet.
     const PlainArray<CRTMPacketDecoder*>& list = m_TypeList[TypeIndex(*packet)];
@@ -195,7 +199,7 @@ int CRTMMapManager::PutRTMPacket(const char* packet, int length) {
     for (std::size_t i = 0; more && i < list.Size(); ++i) {
         more = i + 1 < list.Size();
         CRTMPacketDecoder* decoder = list[i];
-        if (decoder->IsActive() != 0) {
+        if (decoder->Awaits(head)) {
             decoder->PutPacket(packet, length);
         }
     }

@@ -42,7 +42,7 @@ public:
     virtual void Stop();
     virtual void Release();
     // 1 if the packet fits a slot, whether or not the decoder runs; else 0.
-    virtual int PutPacket(const char* packet, int length);
+    virtual int PutPacket(const char* packet, int length) final;
     // The batch is over: what has changed goes out.
     virtual void EndUnpack();
     virtual const char* GetMapName() const = 0;
@@ -52,6 +52,9 @@ public:
         return static_cast<std::size_t>(m_Slots.Slots[type - kFirstPacketType].Length);
     }
     const char* GetPacketTypes() const { return m_Slots.Types; }
+
+    // False: the decoder is not active, or it follows one key and the payload begins otherwise.
+    bool Awaits(uint64_t payloadHead) const { return m_bActive != 0 && m_KeyFilter.Admits(payloadHead); }
 
     // The result of the last Init; the manager passes packets while it is not 0.
     int IsActive() const { return m_bActive; }
@@ -108,11 +111,19 @@ protected:
         PostToView(std::move(buffer));
     }
 
+    // For decoders of one key.
+    KeyFilter& Filter() { return m_KeyFilter; }
+
+private:
+    // What the fan-out looks at comes first.
+    KeyFilter m_KeyFilter;
+    int m_bActive = 0;
+
+protected:
     int m_bStopped = 1;  // from construction, and by Stop; no handler runs and nothing is sent
     int m_bChanged = 0;  // handlers' results since the last send
 
 private:
-    int m_bActive = 0;
     const PacketSlots& m_Slots;
     HWND m_hWnd;
     ViewBuffer m_Output;

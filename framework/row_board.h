@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <utility>
@@ -44,7 +45,7 @@ public:
     bool Take(InitReader& in, int rows, Rows& former) {
         const auto count = static_cast<std::size_t>(rows);
         Rows next{std::unique_ptr<Row[]>(new (std::nothrow) Row[count]), rows, 0};
-        std::unique_ptr<bool[]> dirty(new (std::nothrow) bool[count]{});
+        std::unique_ptr<char[]> dirty(new (std::nothrow) char[count]{});
         if (next.Items == nullptr || dirty == nullptr || !m_Index.Reset(count)) {
             return false;
         }
@@ -86,9 +87,9 @@ public:
 
     // The row leaves with the next buffer.
     void Touch(int place) {
-        bool& dirty = m_pDirty[static_cast<std::size_t>(place)];
-        m_nDirty += dirty ? 0 : 1;
-        dirty = true;
+        char& dirty = m_pDirty[static_cast<std::size_t>(place)];
+        m_nDirty += dirty == kChanged ? 0 : 1;
+        dirty = kChanged;
     }
 
     // For SendRows: the changed rows.
@@ -99,11 +100,12 @@ public:
         ViewBuffer buffer = RowsBuffer<Row>(front, static_cast<std::size_t>(m_nDirty));
         if (buffer) {
             Row* next = RowsBehind<Front, Row>(buffer);
-            const bool* dirty = m_pDirty.get();
-            for (const Row& row : m_Rows) {
-                if (*dirty++) {
-                    *next++ = row;
-                }
+            const char* const all = m_pDirty.get();
+            const char* dirty = all;
+            for (int left = m_nDirty; left > 0; --left, ++dirty) {
+                dirty = static_cast<const char*>(
+                    std::memchr(dirty, kChanged, static_cast<std::size_t>(all + m_Rows.nRows - dirty)));
+                *next++ = m_Rows.Items[static_cast<std::size_t>(dirty - all)];
             }
         }
         return buffer;
@@ -111,12 +113,14 @@ public:
 
     void Clear() {
         if (m_nDirty > 0) {
-            std::fill_n(m_pDirty.get(), m_Rows.nRows, false);
+            std::memset(m_pDirty.get(), 0, static_cast<std::size_t>(m_Rows.nRows));
             m_nDirty = 0;
         }
     }
 
 private:
+    static constexpr char kChanged = 1;
+
     static void DeleteAll(const Rows& rows) {
         std::for_each(rows.begin(), rows.begin() + rows.nAsked,
                       [](const Row& row) { Kind::Request::Delete(Kind::CodeOf(row)); });
@@ -124,7 +128,7 @@ private:
 
     KeyIndex<Key> m_Index;
     int m_nDirty = 0;
-    std::unique_ptr<bool[]> m_pDirty;  // by place
+    std::unique_ptr<char[]> m_pDirty;  // by place; kChanged or 0
     Rows m_Rows;
     unsigned m_nGeneration = 0;  // of the rows
 };

@@ -4,7 +4,9 @@
 #ifndef TICKMUX_FRAMEWORK_SHAPES_H
 #define TICKMUX_FRAMEWORK_SHAPES_H
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 // True if all bytes are spaces: an empty field or key.
@@ -21,12 +23,54 @@ void FillBlank(Bytes& bytes) {
     std::memset(&bytes, ' ', sizeof(Bytes));
 }
 
+// The first bytes of something, as many as fit, in one word.
+template <class Bytes>
+uint64_t HeadOf(const Bytes& bytes) {
+    uint64_t word = 0;
+    std::memcpy(&word, &bytes, std::min(sizeof(word), sizeof(Bytes)));
+    return word;
+}
+
+// The last ones, which for a short one are the same.
+template <class Bytes>
+uint64_t TailOf(const Bytes& bytes) {
+    uint64_t word = 0;
+    constexpr std::size_t kSize = std::min(sizeof(word), sizeof(Bytes));
+    std::memcpy(&word, reinterpret_cast<const char*>(&bytes) + sizeof(Bytes) - kSize, kSize);
+    return word;
+}
+
+// Equality of up to 16 bytes, without a call.
+template <class Bytes>
+bool SameBytes(const Bytes& one, const Bytes& other) {
+    static_assert(alignof(Bytes) == 1 && sizeof(Bytes) <= 2 * sizeof(uint64_t));
+    return ((HeadOf(one) ^ HeadOf(other)) | (TailOf(one) ^ TailOf(other))) == 0;
+}
+
+// Rejects most packets of other keys at a glance: compares the first eight bytes of a payload, which begins
+// with its key, or as many as the key has. Without a key it rejects none.
+class KeyFilter {
+public:
+    static constexpr std::size_t kHeadSize = sizeof(uint64_t);
+
+    template <class Key>
+    void Set(const Key& key) {
+        m_nHead = HeadOf(key);
+        m_nMask = sizeof(Key) < kHeadSize ? (uint64_t{1} << sizeof(Key) % kHeadSize * 8) - 1 : ~uint64_t{0};
+    }
+    bool Admits(uint64_t head) const { return ((head ^ m_nHead) & m_nMask) == 0; }
+
+private:
+    uint64_t m_nHead = 0;
+    uint64_t m_nMask = 0;
+};
+
 // A stock: board char and code, spaces behind.
 struct StockKey {
     char Board;
     char Code[10];
 
-    bool operator==(const StockKey& other) const { return std::memcmp(this, &other, sizeof(StockKey)) == 0; }
+    bool operator==(const StockKey& other) const { return SameBytes(*this, other); }
 };
 static_assert(sizeof(StockKey) == 11 && alignof(StockKey) == 1);
 
@@ -52,7 +96,7 @@ void Describe(const StockKey& key, Visitor&& visit) {
 struct IndexKey {
     char IndexCode[4];
 
-    bool operator==(const IndexKey& other) const { return std::memcmp(this, &other, sizeof(IndexKey)) == 0; }
+    bool operator==(const IndexKey& other) const { return SameBytes(*this, other); }
 };
 static_assert(sizeof(IndexKey) == 4);
 

@@ -85,7 +85,8 @@ private:
 template <class Key, char Class, uint32_t Flags>
 class FollowedCode {
 public:
-    FollowedCode() { FillBlank(m_Key); }
+    // The filter keeps to the key.
+    explicit FollowedCode(KeyFilter& filter) : m_Filter(filter) { Take(Blank()); }
 
     const Key& Get() const { return m_Key; }
 
@@ -93,18 +94,24 @@ public:
 
     // The same in two steps: the key first, and the requests when the rest is ready. Take gives the former
     // key.
-    Key Take(const Key& next) { return std::exchange(m_Key, next); }
+    Key Take(const Key& next) {
+        m_Filter.Set(next);
+        return std::exchange(m_Key, next);
+    }
     void MoveFrom(const Key& former) { Subscription<Key, Class, Flags>::Move(former, m_Key); }
 
     // Blank before the request goes out: whoever hears of it may call back and bring another key.
-    void GiveUp() {
-        const Key former = m_Key;
-        FillBlank(m_Key);
-        Subscription<Key, Class, Flags>::Delete(former);
-    }
+    void GiveUp() { Subscription<Key, Class, Flags>::Delete(Take(Blank())); }
 
 private:
+    static Key Blank() {
+        Key key;
+        FillBlank(key);
+        return key;
+    }
+
     Key m_Key;
+    KeyFilter& m_Filter;
 };
 
 #endif

@@ -1,0 +1,31 @@
+// A question to a benchmark: what does the plain form cost, and what the module's?
+//
+// Both are run in turns, repetition by repetition, so that what the machine does meanwhile meets both.
+#ifndef TICKMUX_BENCH_SUPPORT_QUESTION_H
+#define TICKMUX_BENCH_SUPPORT_QUESTION_H
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+struct Question {
+    std::string What;
+    double Aim;     // plain / module
+    int64_t Items;  // in one pass
+    std::function<void()> Plain;
+    std::function<void()> Module;
+};
+
+// The exit status of a program that asks them. Benchmark's own options count; each question gives
+// "What/plain" and "What/module" with the aim as a counter.
+int Ask(int argc, char** argv, const std::vector<Question>& questions);
+
+// Ends the program with a message: what was to be compared is not the same.
+[[noreturn]] void Differ(const std::string& what);
+
+}  // namespace bench
+
+#endif
