@@ -6,7 +6,6 @@
 #include "bench/plain/rates.h"
 #include "bench/plain/waiting_rows.h"
 #include "framework/subscription.h"
-#include "framework/wrap.h"
 #include "layouts/RINTIK01.h"
 
 namespace plain {

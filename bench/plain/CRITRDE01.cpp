@@ -5,7 +5,6 @@
 #include "bench/plain/factories.h"
 #include "bench/plain/field_record.h"
 #include "framework/subscription.h"
-#include "framework/wrap.h"
 #include "layouts/RITRDE01.h"
 
 namespace plain {

@@ -5,7 +5,6 @@
 #include "bench/plain/factories.h"
 #include "bench/plain/rates.h"
 #include "framework/subscription.h"
-#include "framework/wrap.h"
 #include "layouts/RITRDE02.h"
 
 namespace plain {

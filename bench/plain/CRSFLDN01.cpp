@@ -11,7 +11,6 @@
 #include "bench/plain/rates.h"
 #include "bench/plain/waiting_rows.h"
 #include "framework/subscription.h"
-#include "framework/wrap.h"
 #include "host/services.h"
 #include "layouts/RSFLDN01.h"
 
@@ -238,7 +237,7 @@ private:
             return nullptr;
         }
         const int direction = SignToColor(nullptr, trade.Sign);
-        const double rate = ChangeRate(WrapMultiply(direction, trade.Change),
+        const double rate = ChangeRate(Product32(direction, trade.Change),
                                        BaseOf(trade.Price, direction, trade.Change), direction);
         const char* suffixes[] = {"   ", ".TN", ".NG", ".TS"};
         if (trade.Key.Board < '1' || trade.Key.Board > '4') {

@@ -6,7 +6,6 @@
 #include "bench/plain/factories.h"
 #include "bench/plain/rates.h"
 #include "framework/subscription.h"
-#include "framework/wrap.h"
 #include "host/services.h"
 #include "layouts/RSODER01.h"
 
@@ -106,7 +105,7 @@ private:
         side.Rate = AsciiToDouble(shown.Rate, sizeof(shown.Rate));
         side.Diff = AsciiToLong(shown.Diff, sizeof(shown.Diff));
         if (shown.DiffSign == '-') {
-            side.Diff = WrapSubtract(0, side.Diff);
+            side.Diff = Difference32(0, side.Diff);
         }
     }
 
@@ -145,14 +144,14 @@ private:
         for (size_t i = 0; i < kBookTotals; ++i) {
             const Side& former = m_Levels[i].*which;
             if (former.Price == price) {
-                side.Diff = WrapSubtract(quantity, former.Qty);
+                side.Diff = Difference32(quantity, former.Qty);
                 break;
             }
         }
     }
 
     static void TakeTotal(Side& side, int32_t total) {
-        side.Diff = total != 0 ? WrapSubtract(total, side.Qty) : 0;
+        side.Diff = total != 0 ? Difference32(total, side.Qty) : 0;
         side.Qty = total;
     }
 

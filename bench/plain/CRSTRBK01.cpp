@@ -5,8 +5,8 @@
 
 #include "bench/plain/codecs.h"
 #include "bench/plain/factories.h"
+#include "bench/plain/rates.h"
 #include "framework/subscription.h"
-#include "framework/wrap.h"
 #include "layouts/RSTRBK01.h"
 
 namespace plain {
@@ -96,11 +96,11 @@ private:
             SendListChanged();
         }
         const int32_t trades = AsciiToLong(row->Trades, sizeof(row->Trades));
-        const int32_t volume = WrapAdd(AsciiToLong(row->SumVolume, sizeof(row->SumVolume)), trade.Volume);
-        const int64_t worth = WrapMultiply(int64_t{trade.LotSize}, int64_t{trade.Price});
-        LongToAscii(WrapAdd(trades, 1), row->Trades, sizeof(row->Trades));
+        const int32_t volume = Sum32(AsciiToLong(row->SumVolume, sizeof(row->SumVolume)), trade.Volume);
+        const int64_t worth = int64_t{trade.LotSize} * int64_t{trade.Price};
+        LongToAscii(Sum32(trades, 1), row->Trades, sizeof(row->Trades));
         LongToAscii(volume, row->SumVolume, sizeof(row->SumVolume));
-        Int64ToAscii(WrapMultiply(worth, int64_t{volume}) / 1000, row->SumValue, sizeof(row->SumValue));
+        Int64ToAscii(Product64(worth, volume) / 1000, row->SumValue, sizeof(row->SumValue));
         return 1;
     }
 

@@ -5,7 +5,6 @@
 #include "bench/plain/factories.h"
 #include "bench/plain/field_record.h"
 #include "framework/subscription.h"
-#include "framework/wrap.h"
 #include "layouts/RSTRDE01.h"
 
 namespace plain {
@@ -110,7 +109,7 @@ private:
         if (m_nToField < Field::Side1Total) {
             return 1;
         }
-        const int32_t value = WrapMultiply(int32_t{trade.Volume}, int32_t{trade.Price});
+        const int32_t value = Product32(trade.Volume, trade.Price);
         if (trade.Broker1Class == 'F') {
             m_Fields.AddDouble(Field::Broker1Qty, trade.Volume);
             m_Fields.AddDouble(Field::Broker1Value, value);

@@ -93,12 +93,12 @@ private:
     }
     std::string Board(const std::string& map) {
         Rows rows;
-        for (std::size_t left = 1 + Below(3) * 60; left > 0; --left) {
+        for (std::size_t left = m_Dice.Chance(95) ? 1 + Below(3) * 60 : 0; left > 0; --left) {
             rows.push_back(map == "RITRDE02_R"
                                ? Numbers(130) + Index()
                                : OneOf("1", "1", "2", "3", " ") + Stock().substr(1) + Numbers(167));
         }
-        return BlockOf(rows, std::to_string(rows[0].size()));
+        return BlockOf(rows, map == "RITRDE02_R" ? "134" : "178");
     }
 
     // One in thirty is cut short, or a byte too long.
@@ -130,7 +130,10 @@ private:
     }
 
     std::string Packet() {
-        const auto price = [this] { return static_cast<int32_t>(m_Dice.Between(950, 1050)); };
+        const auto price = [this] {
+            const int64_t step = m_Dice.Chance(50) ? 2 : 50;  // many of them the same
+            return static_cast<int32_t>(m_Dice.Between(1000 - step, 1000 + step));
+        };
         const auto sign = static_cast<char>('0' + m_Dice.Below(10));
         const auto few = static_cast<int32_t>(m_Dice.Below(50));
         Trade trade(Stock());
@@ -187,7 +190,10 @@ void MakeSettings(const ScratchFolder& folder, uint64_t seed) {
         char text[200];
         snprintf(text, sizeof(text),
                  "[ALARM  7-%03d]\nBasis price=1000\nprice=%d\ncomparison=%d\ndecreased price=%s\n%s%s", row,
-                 row % 3, row / 3 % 4, prices ? "1020" : "2", prices ? "increased price=980\n" : "",
+                 row % 3, row / 3 % 4, prices ? "1020" : "2",
+                 prices         ? "increased price=980\n"
+                 : row % 2 == 0 ? "increased price=-2.5\n"
+                                : "",
                  row % 5 == 0 ? "Volume=500\n" : "");
         alarms += text;
     }
