@@ -9,10 +9,9 @@ int main(int argc, char** argv) {
     bench::Script script;
     script.Screens = {{"RSCAND11_R", "C1" + bench::Left("1ASII", 11) + "20261120   20261120E " +
                                          std::string(84, ' ') + bench::Head(0, 95)}};
-    int second = 0;
     for (int i = 0; i < 4096; ++i) {
         TradePacket trade = market.Trade("1ASII");
-        bench::PutLeft(trade.Time, "1001" + std::to_string(10 + second++ % 50));
+        bench::PutLeft(trade.Time, "1001" + std::to_string(10 + i / 100));
         trade.Price = static_cast<int32_t>(1000 + market.Below(100) * 5);
         script.Feed.Add(trade);
     }

@@ -29,10 +29,9 @@ std::string Inquiry() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    tickhost_set_text("DriveC", "/nonexistent");  // nothing is logged
     bench::Market market(1);
     bench::Script script;
-    script.Screens = {{"RSNOCH21_R", Inquiry()}};
+    script.Screens = {{"RSORDE21_R", Inquiry()}};  // open orders write a log besides
     for (int i = 0; i < 1024; ++i) {
         OrderPacket notice;
         FillBlank(notice);

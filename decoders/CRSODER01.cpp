@@ -1,6 +1,7 @@
 #include "decoders/CRSODER01.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "framework/change_rate.h"
 #include "framework/codecs.h"
@@ -10,12 +11,6 @@
 #include "host/services.h"
 
 namespace {
-
-void PutFigures(BookRowSide& shown, int32_t price, double rate, int32_t quantity) {
-    Put(shown.Price, price);
-    Put<2>(shown.Rate, rate);
-    Put(shown.Qty, quantity);
-}
 
 void PutDiff(BookRowSide& shown, int64_t diff) {
     const int direction = DirectionFrom(int64_t{0}, diff);
@@ -44,6 +39,7 @@ int CRSODER01::Init(const char* buffer) {
     if (!AllocOutput<BookDisplay>()) {
         return 0;
     }
+    m_bPrinted = false;
     auto& display = Output<BookDisplay>();
     display.Front.Tag = in.Tag();
     BookInit init;
@@ -54,8 +50,8 @@ int CRSODER01::Init(const char* buffer) {
     m_nCurPrice = kNone;
     m_nBasePrice = kNone;
     for (std::size_t number = 0; number < kBookRows; ++number) {
-        m_Side1[number] = Parse(display.Rows[number].Side1);
-        m_Side2[number] = Parse(display.Rows[number].Side2);
+        m_Side1.Levels[number] = Parse(display.Rows[number].Side1);
+        m_Side2.Levels[number] = Parse(display.Rows[number].Side2);
     }
     m_Key.MoveFrom(former);
     return 1;
@@ -74,15 +70,15 @@ int CRSODER01::OnBookPacket(const BookPacket& book) {
     m_nBasePrice = book.BasePrice;
     TakeLevels<&PacketLevel::Side1Price, &PacketLevel::Side1Qty>(m_Side1, book);
     TakeLevels<&PacketLevel::Side2Price, &PacketLevel::Side2Qty>(m_Side2, book);
-    TakeTotal(m_Side1[kBookTotals], book.Side1Total);
-    TakeTotal(m_Side2[kBookTotals], book.Side2Total);
+    TakeTotal(m_Side1.Levels[kBookTotals], book.Side1Total);
+    TakeTotal(m_Side2.Levels[kBookTotals], book.Side2Total);
     return 1;
 }
 
 // A price that the former book did not have counts with its whole quantity.
 template <auto Price, auto Qty>
 void CRSODER01::TakeLevels(BookSide& side, const BookPacket& book) const {
-    const BookSide former = side;
+    const auto former = side.Levels;
     const auto levelsEnd = former.begin() + kBookTotals;
     for (std::size_t number = 0; number < kBookTotals; ++number) {
         const int32_t price = book.Levels[number].*Price;
@@ -91,7 +87,7 @@ void CRSODER01::TakeLevels(BookSide& side, const BookPacket& book) const {
                                        [price](const SideLevel& level) { return level.Price == price; });
         const int32_t diff = same == levelsEnd ? quantity : WrapSubtract(quantity, same->Qty);
         const double change = static_cast<double>(price) - m_nBasePrice;
-        side[number] = {diff, quantity, MovedToZero(BiasedRate(change, m_nBasePrice, 0)), price};
+        side.Levels[number] = {diff, quantity, MovedToZero(BiasedRate(change, m_nBasePrice, 0)), price};
     }
 }
 
@@ -118,8 +114,19 @@ void CRSODER01::EndUnpack() {
     }
     auto& display = Output<BookDisplay>();
     for (std::size_t number = 0; number < kBookRows; ++number) {
-        PutRow(display.Rows[number], m_Side1[number], m_Side2[number]);
+        BookRow& row = display.Rows[number];
+        PutFigures(row.Side1, m_Side1, number);
+        PutFigures(row.Side2, m_Side2, number);
+        if (m_bUseHogaRect == 0 || m_nCurPrice <= 0) {
+            continue;
+        }
+        if (m_nCurPrice == m_Side1.Levels[number].Price) {
+            row.Side1.PriceTag[1] = kCurrentPrice;
+        } else if (m_nCurPrice == m_Side2.Levels[number].Price) {
+            row.Side2.PriceTag[1] = kCurrentPrice;
+        }
     }
+    m_bPrinted = true;
     Put(display.Front.Repeat.Count, static_cast<int32_t>(kBookRows));
     Put(display.Front.Repeat.Size, static_cast<int32_t>(sizeof(BookRow)));
     // The totals' quantities have a colour of their own.
@@ -128,23 +135,27 @@ void CRSODER01::EndUnpack() {
     CRTMPacketDecoder::EndUnpack();
 }
 
-void CRSODER01::PutRow(BookRow& row, const SideLevel& level1, const SideLevel& level2) const {
-    PutFigures(row.Side1, level1.Price, level1.Rate, level1.Qty);
-    PutFigures(row.Side2, level2.Price, level2.Rate, level2.Qty);
+// Most of a book is as it was: what the image shows already is not printed again.
+void CRSODER01::PutFigures(BookRowSide& shown, BookSide& side, std::size_t number) const {
+    const SideLevel& level = side.Levels[number];
+    SideLevel& printed = side.Printed[number];
+    if (!m_bPrinted || level.Price != printed.Price) {
+        Put(shown.Price, level.Price);
+    }
+    if (!m_bPrinted || std::bit_cast<uint64_t>(level.Rate) != std::bit_cast<uint64_t>(printed.Rate)) {
+        Put<2>(shown.Rate, level.Rate);
+    }
+    if (!m_bPrinted || level.Qty != printed.Qty) {
+        Put(shown.Qty, level.Qty);
+    }
+    if (!m_bPrinted || level.Diff != printed.Diff) {
+        PutDiff(shown, level.Diff);
+    }
     // Without a base the tags stay as the inquiry gave them. Writing them wipes the former mark.
     if (m_nBasePrice != kNone) {
-        PutPriceTags(row.Side1, level1.Price);
-        PutPriceTags(row.Side2, level2.Price);
+        PutPriceTags(shown, level.Price);
     }
-    if (m_bUseHogaRect != 0 && m_nCurPrice > 0) {
-        if (m_nCurPrice == level1.Price) {
-            row.Side1.PriceTag[1] = kCurrentPrice;
-        } else if (m_nCurPrice == level2.Price) {
-            row.Side2.PriceTag[1] = kCurrentPrice;
-        }
-    }
-    PutDiff(row.Side1, level1.Diff);
-    PutDiff(row.Side2, level2.Diff);
+    printed = level;
 }
 
 void CRSODER01::PutPriceTags(BookRowSide& shown, int32_t price) const {

@@ -31,7 +31,11 @@ private:
         double Rate;  // of the price against the base, per cent
         int32_t Price;
     };
-    using BookSide = std::array<SideLevel, kBookRows>;  // the totals behind the levels
+    // The totals behind the levels.
+    struct BookSide {
+        std::array<SideLevel, kBookRows> Levels{};
+        std::array<SideLevel, kBookRows> Printed{};  // what the image shows, once it has been sent
+    };
 
     int OnTradePacket(const TradePacket& trade);
     int OnBookPacket(const BookPacket& book);
@@ -41,15 +45,16 @@ private:
     void TakeLevels(BookSide& side, const BookPacket& book) const;
     static void TakeTotal(SideLevel& totals, int32_t total);
 
-    void PutRow(BookRow& row, const SideLevel& level1, const SideLevel& level2) const;
+    void PutFigures(BookRowSide& shown, BookSide& side, std::size_t number) const;
     void PutPriceTags(BookRowSide& shown, int32_t price) const;
 
     FollowedCode<StockKey, kStockClass, kWantBook> m_Key{Filter()};
-    int32_t m_bUseHogaRect;  // the user wants the current price marked
-    int32_t m_nCurPrice;     // of the latest trade, or kNone
-    int32_t m_nBasePrice;    // of rates and colours, or kNone
-    BookSide m_Side1{};
-    BookSide m_Side2{};
+    int32_t m_bUseHogaRect;   // the user wants the current price marked
+    int32_t m_nCurPrice;      // of the latest trade, or kNone
+    int32_t m_nBasePrice;     // of rates and colours, or kNone
+    bool m_bPrinted = false;  // the image shows what the sides call printed
+    BookSide m_Side1;
+    BookSide m_Side2;
 
     static constexpr int32_t kNone = -1;
 };

@@ -7,6 +7,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <new>
 #include <utility>
@@ -22,7 +23,7 @@ public:
 
     // Empty, with room for so many keys. False if memory fails; then the index is as it was.
     bool Reset(std::size_t keys) {
-        const std::size_t slots = std::bit_ceil(keys * 2 + 1);
+        const std::size_t slots = std::bit_ceil(keys * 2 + 2);
         std::unique_ptr<Slot[]> fresh(new (std::nothrow) Slot[slots]);
         if (fresh == nullptr) {
             return false;
@@ -30,6 +31,7 @@ public:
         std::fill_n(fresh.get(), slots, Slot{{}, kNowhere});
         m_pSlots = std::move(fresh);
         m_nMask = slots - 1;
+        m_nShift = std::countl_zero(m_nMask) + kWordBits - kMaskBits;
         return true;
     }
 
@@ -55,23 +57,26 @@ private:
 
     // The key's own slot, or the empty one where its search ends: at least half of all are empty.
     Slot& SlotOf(const Key& key) const {
-        std::size_t at = Hash(key) & m_nMask;
+        auto at = static_cast<std::size_t>(Hash(key) >> m_nShift);
         while (m_pSlots[at].Place != kNowhere && !SameBytes(m_pSlots[at].Code, key)) {
             at = (at + 1) & m_nMask;
         }
         return m_pSlots[at];
     }
 
-    // Products of odd numbers spread every character over the upper half.
-    static std::size_t Hash(const Key& key) {
+    // A product carries every character up into its highest bits, from which the place is taken.
+    static uint64_t Hash(const Key& key) {
         constexpr uint64_t kGoldenRatio = 0x9E3779B97F4A7C15;
         constexpr uint64_t kOtherOdd = 0xC2B2AE3D27D4EB4F;
-        constexpr int kUpperHalf = 32;
-        return static_cast<std::size_t>((HeadOf(key) * kGoldenRatio ^ TailOf(key) * kOtherOdd) >> kUpperHalf);
+        return (HeadOf(key) * kOtherOdd ^ TailOf(key)) * kGoldenRatio;
     }
+
+    static constexpr int kWordBits = std::numeric_limits<uint64_t>::digits;
+    static constexpr int kMaskBits = std::numeric_limits<std::size_t>::digits;
 
     std::unique_ptr<Slot[]> m_pSlots;
     std::size_t m_nMask = 0;  // slots less one; a power of two of them
+    int m_nShift = 0;         // leaves as many bits of a hash as the mask has
 };
 
 #endif

@@ -80,10 +80,8 @@ struct StockCode {
 };
 static_assert(sizeof(StockCode) == sizeof(StockKey::Code));
 
-inline StockCode CodeOf(const StockKey& key) {
-    StockCode code;
-    std::memcpy(code.Text, key.Code, sizeof(code.Text));
-    return code;
+inline const StockCode& CodeOf(const StockKey& key) {
+    return reinterpret_cast<const StockCode&>(key.Code);
 }
 
 template <class Visitor>

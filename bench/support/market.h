@@ -91,27 +91,31 @@ public:
         return trade;
     }
 
-    // Its prices lie within a tick ladder, so that many stand in one book as in the next.
-    BookPacket Book(const std::string& key) {
-        BookPacket book;
-        FillBlank(book);
-        std::memcpy(&book.Key, Left(key, sizeof(book.Key)).data(), sizeof(book.Key));
-        book.BasePrice = 5000;
-        const auto best = static_cast<int32_t>(4900 + Below(40) * 5);
-        for (int32_t number = 0; number < 10; ++number) {
-            PacketLevel& level = book.Levels[number];
-            level.Side1Price = best - number * 5;
-            level.Side1Qty = Quantity();
-            level.Side2Price = best + 5 + number * 5;
-            level.Side2Qty = Quantity();
+    // The next book of a stock: some quantities change, and now and then the best prices move by a tick.
+    const BookPacket& NextBook(const std::string& key) {
+        std::memcpy(&m_Book.Key, Left(key, sizeof(m_Book.Key)).data(), sizeof(m_Book.Key));
+        m_Book.BasePrice = 5000;
+        const bool isFirst = m_Book.Side1Total == 0;
+        if (isFirst || Below(5) == 0) {
+            m_nBest = isFirst ? 5000 : std::clamp(m_nBest + (Below(2) == 0 ? 5 : -5), 4500, 5500);
+            for (int32_t number = 0; number < 10; ++number) {
+                m_Book.Levels[number].Side1Price = m_nBest - number * 5;
+                m_Book.Levels[number].Side2Price = m_nBest + 5 + number * 5;
+            }
         }
-        book.Side1Total = static_cast<int32_t>(Below(90'000'000));
-        book.Side2Total = static_cast<int32_t>(Below(90'000'000));
-        return book;
+        for (unsigned changes = isFirst ? 60 : 1 + Below(4); changes > 0; --changes) {
+            PacketLevel& level = m_Book.Levels[Below(10)];
+            (Below(2) == 0 ? level.Side1Qty : level.Side2Qty) = Quantity();
+        }
+        m_Book.Side1Total = static_cast<int32_t>(1 + Below(90'000'000));
+        m_Book.Side2Total = static_cast<int32_t>(1 + Below(90'000'000));
+        return m_Book;
     }
 
 private:
     std::mt19937 m_Random;
+    BookPacket m_Book{};
+    int32_t m_nBest = 0;
 };
 
 }  // namespace bench
