@@ -58,7 +58,7 @@ bench::Question Ask(const std::string& what, double aim, const Values<Value>& va
 
 // What a field of so many characters is to a codec that knows its width.
 template <std::size_t N>
-auto& Field(char* field) {
+auto& Field(char* field) {  // NOLINT(readability-non-const-parameter): the codec writes there
     return *reinterpret_cast<char(*)[N]>(field);
 }
 

@@ -31,10 +31,12 @@ void SetUpTerminal(const std::filesystem::path& folder) {
     std::ofstream(folder / "TradeMonEnv.ini") << "[TRADE_MONITOR]\nVOLUME=1\n[VOLUME]\nFROM=100\n";
     tickhost_set_text("UserDir", folder.c_str());
     std::vector<std::string> codes;
+    codes.reserve(kStocks);
     for (unsigned stock = 0; stock < kStocks; ++stock) {
         codes.push_back(CodeOf(stock));
     }
     std::vector<const char*> texts;
+    texts.reserve(kStocks);
     for (const std::string& code : codes) {
         texts.push_back(code.c_str());
     }

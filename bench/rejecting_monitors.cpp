@@ -14,14 +14,16 @@ constexpr unsigned kStocks = 900;
 // The whole market, and only trades that no trade is as large as.
 std::filesystem::path SetUpTerminal() {
     std::string pattern = (std::filesystem::temp_directory_path() / "bench-XXXXXX").string();
-    const std::filesystem::path folder = mkdtemp(pattern.data());
+    std::filesystem::path folder = mkdtemp(pattern.data());
     std::ofstream(folder / "TradeMonEnv.ini") << "[TRADE_MONITOR]\nVOLUME=1\n[VOLUME]\nFROM=2000000000\n";
     tickhost_set_text("UserDir", folder.c_str());
     std::vector<std::string> codes;
+    codes.reserve(kStocks);
     for (unsigned stock = 0; stock < kStocks; ++stock) {
         codes.push_back(bench::StockOf(stock).substr(1));
     }
     std::vector<const char*> texts;
+    texts.reserve(kStocks);
     for (const std::string& code : codes) {
         texts.push_back(code.c_str());
     }

@@ -61,7 +61,7 @@ int CRITRDE02::Init(const char* buffer) {
 
 int CRITRDE02::OnIndexPacket(const IndexPacket& index) {
     const int place = m_Board.Find(index.Key);
-    if (place == m_Board.kNowhere) {
+    if (place == RowBoard<Kind>::kNowhere) {
         return 0;
     }
     PutFigures(m_Board.At(place), index);

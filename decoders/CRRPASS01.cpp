@@ -113,7 +113,7 @@ int CRRPASS01::OnPacket(const Packet& packet) {
 template <class Packet>
 bool CRRPASS01::Passes(const Packet& packet) const {
     const char* code = reinterpret_cast<const char*>(&packet);
-    return m_Codes.Find(MakeCode(ClassOfType(Packet::kType), code)) != m_Codes.kNowhere;
+    return m_Codes.Find(MakeCode(ClassOfType(Packet::kType), code)) != KeyIndex<ListedCode>::kNowhere;
 }
 
 bool CRRPASS01::Passes(const SpecialPacket& /*packet*/) const {

@@ -146,12 +146,12 @@ char CRSITST01::CheckAlarm(int place, const TradePacket& trade) const {
 }
 
 int CRSITST01::Find(const StockKey& key) const {
-    return key.Board == kBoard ? m_Board.Find(CodeOf(key)) : m_Board.kNowhere;
+    return key.Board == kBoard ? m_Board.Find(CodeOf(key)) : RowBoard<Kind>::kNowhere;
 }
 
 int CRSITST01::OnTradePacket(const TradePacket& trade) {
     const int place = Find(trade.Key);
-    if (place == m_Board.kNowhere) {
+    if (place == RowBoard<Kind>::kNowhere) {
         return 0;
     }
     InterestRow& row = m_Board.At(place);
@@ -166,7 +166,7 @@ int CRSITST01::OnTradePacket(const TradePacket& trade) {
 // An alarm on a best price waits for the next trade.
 int CRSITST01::OnBookPacket(const BookPacket& book) {
     const int place = Find(book.Key);
-    if (place == m_Board.kNowhere) {
+    if (place == RowBoard<Kind>::kNowhere) {
         return 0;
     }
     InterestRow& row = m_Board.At(place);

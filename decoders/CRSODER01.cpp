@@ -79,12 +79,12 @@ int CRSODER01::OnBookPacket(const BookPacket& book) {
 template <auto Price, auto Qty>
 void CRSODER01::TakeLevels(BookSide& side, const BookPacket& book) const {
     const auto former = side.Levels;
-    const auto levelsEnd = former.begin() + kBookTotals;
+    const auto* const levelsEnd = former.begin() + kBookTotals;
     for (std::size_t number = 0; number < kBookTotals; ++number) {
         const int32_t price = book.Levels[number].*Price;
         const int32_t quantity = book.Levels[number].*Qty;
-        const auto same = std::find_if(former.begin(), levelsEnd,
-                                       [price](const SideLevel& level) { return level.Price == price; });
+        const auto* const same = std::find_if(
+            former.begin(), levelsEnd, [price](const SideLevel& level) { return level.Price == price; });
         const int32_t diff = same == levelsEnd ? quantity : WrapSubtract(quantity, same->Qty);
         const double change = static_cast<double>(price) - m_nBasePrice;
         side.Levels[number] = {diff, quantity, MovedToZero(BiasedRate(change, m_nBasePrice, 0)), price};

@@ -21,7 +21,7 @@ public:
     // The account's own industry list.
     bool WatchIndustry();
 
-    bool Holds(const StockCode& code) const { return m_Codes.Find(code) != m_Codes.kNowhere; }
+    bool Holds(const StockCode& code) const { return m_Codes.Find(code) != KeyIndex<StockCode>::kNowhere; }
     FeedEntries& Entries() { return m_Entries; }
     const FeedEntries& Entries() const { return m_Entries; }
 

@@ -209,7 +209,9 @@ int CRTMMapManager::PutRTMPacket(const char* packet, int length) {
 void CRTMMapManager::EndRTMUnpack() {
     for (tagMAPINFO* map = m_pFirstMap; map != nullptr;) {
         tagMAPINFO* next = map->pNext;
-        map->pDecoder->EndUnpack();
+        if (map->pDecoder->HasChanged()) {
+            map->pDecoder->EndUnpack();
+        }
         map = next;
     }
 }

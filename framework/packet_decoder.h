@@ -43,7 +43,7 @@ public:
     virtual void Release();
     // 1 if the packet fits a slot, whether or not the decoder runs; else 0.
     virtual int PutPacket(const char* packet, int length) final;
-    // The batch is over: what has changed goes out.
+    // The batch is over: what has changed goes out. Nothing is to be done unless HasChanged.
     virtual void EndUnpack();
     virtual const char* GetMapName() const = 0;
 
@@ -53,6 +53,7 @@ public:
     }
     const char* GetPacketTypes() const { return m_Slots.Types; }
 
+    bool HasChanged() const { return m_bChanged != 0; }
     // False: the decoder is not active, or it follows one key and the payload begins otherwise.
     bool Awaits(uint64_t payloadHead) const { return m_bActive != 0 && m_KeyFilter.Admits(payloadHead); }
 

@@ -44,7 +44,11 @@ uint64_t TailOf(const Bytes& bytes) {
 template <class Bytes>
 bool SameBytes(const Bytes& one, const Bytes& other) {
     static_assert(alignof(Bytes) == 1 && sizeof(Bytes) <= 2 * sizeof(uint64_t));
-    return ((HeadOf(one) ^ HeadOf(other)) | (TailOf(one) ^ TailOf(other))) == 0;
+    if constexpr (sizeof(Bytes) <= sizeof(uint64_t)) {
+        return HeadOf(one) == HeadOf(other);
+    } else {
+        return ((HeadOf(one) ^ HeadOf(other)) | (TailOf(one) ^ TailOf(other))) == 0;
+    }
 }
 
 // Rejects most packets of other keys at a glance: compares the first eight bytes of a payload, which begins

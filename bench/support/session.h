@@ -81,7 +81,7 @@ public:
     static bool Take(void* queue, char** data, int* length) {
         return plain::TakeViewItem(queue, data, length);
     }
-    static void Free(char* data) { delete[] data; }
+    static void Free(const char* data) { delete[] data; }
 
 private:
     plain::Module m_Module;
@@ -95,7 +95,8 @@ public:
     explicit Session(const Script& script) : m_Script(script) {
         for (const Script::Screen& screen : script.Screens) {
             m_Scattered.push_back(std::make_unique<char[]>(64 + m_Scattered.size() * 40 % 4000));
-            m_Views.push_back(std::make_unique<View>(View{this, screen.Map == "RRPASS01_R" ? 0 : 2}));
+            m_Views.push_back(
+                std::make_unique<View>(View{this, screen.Map == "RRPASS01_R" ? 0U : sizeof(RequestTag)}));
             m_Windows.push_back(tickhost_create_window(&Procedure, m_Views.back().get()));
             m_Form.Open(m_Windows.back(), screen.Map, screen.Init);
         }
@@ -136,7 +137,7 @@ public:
 private:
     struct View {
         Session* Owner;
-        int nTagBytes;  // none where packets pass through
+        std::size_t nTagBytes;  // none where packets pass through
     };
 
     static intptr_t Procedure(void* context, HWND /*window*/, uint32_t message, uintptr_t wParam,
@@ -147,7 +148,7 @@ private:
         int length = 0;
         if (message == WM_TICKMUX_VIEW && Form::Take(reinterpret_cast<void*>(wParam), &data, &length)) {
             if (session.m_bKeeping) {
-                session.m_Sent.append(data, static_cast<std::size_t>(length + view.nTagBytes)).append("\n");
+                session.m_Sent.append(data, static_cast<std::size_t>(length) + view.nTagBytes).append("\n");
             }
             Form::Free(data);
         }

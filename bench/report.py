@@ -1,0 +1,135 @@
+#!/usr/bin/env python3
+"""Runs the benchmarks and prints one table of what, plain ns, module ns, ratio and aim.
+
+    bench/report.py [--record] PROGRAMS-FOLDER WORKSPACE CAPTURE
+
+With --record the table, and the growth behind it, go to docs/performance.md with the machine's processor and
+the compiler's flags; the plot beside it is drawn by gnuplot.
+"""
+
+import argparse
+import json
+import pathlib
+import platform
+import re
+import subprocess
+import sys
+
+COMPARED = ["codecs", "tick_list", "order_book", "price_panel", "board_trade", "closed_candle",
+            "rejecting_monitors", "order_fill", "fan_out", "mixed_session"]
+DOCS = pathlib.Path("docs")
+BEGIN, END = "<!-- measured: begin -->", "<!-- measured: end -->"
+
+
+def run(program, *arguments):
+    """The benchmarks of one program, as its JSON report tells them."""
+    result = subprocess.run([program, "--benchmark_format=json", *arguments], capture_output=True, text=True)
+    if result.returncode != 0:
+        sys.exit(f"{program} failed: {result.stderr.strip()}")
+    return json.loads(result.stdout)["benchmarks"]
+
+
+def nanoseconds(benchmark):
+    return 1e9 / benchmark["items_per_second"]
+
+
+def compared(folder, session):
+    """Rows of (what, plain, module, aim), medians of the repetitions."""
+    rows = []
+    for name in COMPARED:
+        print(f"{name} ...", file=sys.stderr)
+        medians = {}
+        for benchmark in run(folder / f"bench_{name}", *(session if name == "mixed_session" else [])):
+            if benchmark.get("aggregate_name") == "median":
+                what, form = benchmark["run_name"].rsplit("/", 1)
+                medians.setdefault(what, {"aim": benchmark["aim"]})[form] = nanoseconds(benchmark)
+        rows += [(what, m["plain"], m["module"], m["aim"]) for what, m in sorted(medians.items())]
+    return rows
+
+
+def growth(folder):
+    """By question: a list of (size, ns)."""
+    curves = {}
+    for benchmark in run(folder / "bench_growth", "--benchmark_min_time=0.05"):
+        what, size = benchmark["run_name"].rsplit("/", 1)
+        curves.setdefault(what, []).append((int(size), nanoseconds(benchmark)))
+    return curves
+
+
+def memory(folder, workspace):
+    """Rows of (map, bytes of heap)."""
+    text = subprocess.run([folder / "bench_memory", workspace], capture_output=True, text=True, check=True).stdout
+    return [line.split() for line in text.splitlines()]
+
+
+def table(head, rows):
+    rule = "|---|" + "---:|" * (len(head) - 1)
+    lines = ["| " + " | ".join(head) + " |", rule]
+    return lines + ["| " + " | ".join(row) + " |" for row in rows]
+
+
+def comparison_table(rows):
+    return table(["what", "plain ns", "module ns", "ratio", "aim"],
+                 [[what, f"{plain:.1f}", f"{module:.1f}", f"{plain / module:.1f}", f"{aim:g}"]
+                  for what, plain, module, aim in rows])
+
+
+def growth_table(curves):
+    lines = []
+    for what, points in curves.items():
+        lines += ["", *table([what] + [f"{size:,}" for size, _ in points],
+                             [["ns a packet"] + [f"{ns:.1f}" for _, ns in points]])]
+    return lines
+
+
+def plot(curves):
+    titles = ", ".join(f"'-' title '{what}' with linespoints" for what in curves)
+    blocks = "\n".join("\n".join(f"{size} {ns}" for size, ns in points) + "\ne" for points in curves.values())
+    script = f"""set terminal svg size 800,480 font 'sans,11'
+set output '{DOCS / "growth.svg"}'
+set logscale xy
+set xlabel 'size'
+set ylabel 'ns a packet'
+set key left top
+plot {titles}
+{blocks}
+"""
+    subprocess.run(["gnuplot"], input=script, text=True, check=True)
+
+
+def machine():
+    model = platform.processor()
+    info = pathlib.Path("/proc/cpuinfo")
+    if info.exists():
+        model = re.search(r"model name\s*: (.*)", info.read_text()).group(1)
+    compiler = subprocess.run(["c++", "--version"], capture_output=True, text=True).stdout.splitlines()[0]
+    commands = json.loads(pathlib.Path("build/release/compile_commands.json").read_text())
+    flags = next(c["command"] for c in commands if c["file"].endswith("framework/codecs.cpp"))
+    kept = [flag for flag in flags.split() if re.match(r"-(O|m|f|std|DNDEBUG)", flag)]
+    return f"{model}; {compiler}; {' '.join(kept)}"
+
+
+def record(lines):
+    page = DOCS / "performance.md"
+    before, rest = page.read_text().split(BEGIN)
+    page.write_text(before + BEGIN + "\n" + "\n".join(lines) + "\n" + END + rest.split(END)[1])
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--record", action="store_true")
+    parser.add_argument("folder", type=pathlib.Path)
+    parser.add_argument("session", nargs=2)
+    arguments = parser.parse_args()
+    lines = comparison_table(compared(arguments.folder, arguments.session))
+    print("\n".join(lines))
+    if arguments.record:
+        curves = growth(arguments.folder)
+        plot(curves)
+        record([f"`./run bench --record` on {machine()}", "", *lines, "", "### Growth", "",
+                "![growth](growth.svg)", *growth_table(curves), "", "### Memory", "",
+                *table(["map", "bytes registered", "bytes after Init"], memory(arguments.folder, arguments.session[0]))])
+
+
+if __name__ == "__main__":
+    main()
