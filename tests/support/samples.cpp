@@ -238,12 +238,12 @@ SampleWorld::SampleWorld() {
     WatchGroups();
 }
 
-void SampleWorld::WatchGroups() const {
-    m_Folder.Write("TradeMonEnv.ini",
-                   "[FAVOURITES]\nSELECTEDGROUP=001,002\n[TRADE_MONITOR]\nALL=0\nPRICE=1\n"
-                   "[PRICE]\nFROM=1\nTO=9999\n");
-}
-
-void SampleWorld::WatchMarket() const {
-    m_Folder.Write("TradeMonEnv.ini", "[TRADE_MONITOR]\nALL=1\n");
+void SampleWorld::Watch(bool market) {
+    if (market != m_bMarket) {
+        m_bMarket = market;
+        m_Folder.Write("TradeMonEnv.ini",
+                       market ? "[TRADE_MONITOR]\nALL=1\n"
+                              : "[FAVOURITES]\nSELECTEDGROUP=001,002\n[TRADE_MONITOR]\nALL=0\nPRICE=1\n"
+                                "[PRICE]\nFROM=1\nTO=9999\n");
+    }
 }

@@ -30,12 +30,13 @@ public:
     SampleWorld();
 
     // The monitor's inquiry is in its settings: the stocks of some groups, or the whole market.
-    void WatchGroups() const;
-    void WatchMarket() const;
-
-    ScratchFolder& Folder() { return m_Folder; }
+    void WatchGroups() { Watch(false); }
+    void WatchMarket() { Watch(true); }
 
 private:
+    void Watch(bool market);
+
+    bool m_bMarket = true;
     ScratchFolder m_Folder;
 };
 
