@@ -87,10 +87,12 @@ intptr_t BareScreen::Procedure(void* context, HWND /*window*/, uint32_t message,
     screen.m_Host.OnCall();
     char* data = nullptr;
     int length = 0;
-    if (message == WM_TICKMUX_VIEW &&
+    if (message == WM_TICKMUX_VIEW && screen.Fetches &&
         tickhost_take_view_item(reinterpret_cast<void*>(wParam), &data, &length) != 0) {
         const int tag = screen.m_Sample.Map == "RRPASS01_R" ? 0 : 2;
-        screen.Received.emplace_back(data, static_cast<std::size_t>(length + tag));
+        if (screen.Keeps) {
+            screen.Received.emplace_back(data, static_cast<std::size_t>(length + tag));
+        }
         tickhost_free_view_data(data);
     }
     return 0;

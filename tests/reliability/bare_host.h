@@ -45,12 +45,15 @@ public:
     int Init(const std::string& text) const;
     int InitFirst() const { return Init(m_Sample.First); }
     int InitSecond() const { return Init(m_Sample.Second); }
+    int Start() { return InitFirst(); }
     void Feed() const;
     static void EndBatch();
     int Unregist();
     void CloseWindow() const { tickhost_destroy_window(m_hWnd); }
 
     tickmux_handle Handle = 0;
+    bool Fetches = true;
+    bool Keeps = true;  // what it fetches
     Buffers Received;
 
 private:
