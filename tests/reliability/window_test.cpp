@@ -9,7 +9,8 @@ namespace {
 
 // A screen that is disturbed and another of the same map.
 struct Pair {
-    explicit Pair(BareHost& host, const Sample& sample) : Disturbed(host, sample), Other(host, sample) {
+    explicit Pair(BareHost& host, const Sample& sample)
+        : Disturbed(host, sample), Other(host, sample), Third(host, sample) {
         Disturbed.Regist();
         Other.Regist();
     }
@@ -27,10 +28,12 @@ struct Pair {
         ReleaseMap(Disturbed.Handle);
         Disturbed.Unregist();
         Other.Unregist();
+        Third.Unregist();
     }
 
     BareScreen Disturbed;
     BareScreen Other;
+    BareScreen Third;  // comes later, if at all
 };
 
 Buffers Undisturbed(BareHost& host, const Sample& sample) {
@@ -96,6 +99,7 @@ constexpr Action kActions[] = {
     {"Init of the other", [](Pair& pair) { pair.Other.InitSecond(); }},
     {"packets", [](Pair& pair) { pair.Disturbed.Feed(); }},
     {"a batch", [](Pair& pair) { pair.Batch(); }},
+    {"a new screen", [](Pair& pair) { pair.Third.Regist() != 0 ? pair.Third.InitFirst() : 0; }},
 };
 
 TEST(Windows, AScreenAndTheCommunicationManagerMayCallBackFromEachMessage) {

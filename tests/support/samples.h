@@ -33,6 +33,8 @@ public:
     void WatchGroups() { Watch(false); }
     void WatchMarket() { Watch(true); }
 
+    ScratchFolder& Folder() { return m_Folder; }
+
 private:
     void Watch(bool market);
 
