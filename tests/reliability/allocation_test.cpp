@@ -33,7 +33,7 @@ Buffers Shown(BareScreen& screen) {
 Buffers ShownByANewOne(BareHost& host, const Sample& sample) {
     BareScreen screen(host, sample);
     EXPECT_EQ(screen.Regist(), 1);
-    const Buffers shown = Shown(screen);
+    Buffers shown = Shown(screen);
     screen.Unregist();
     return shown;
 }

@@ -32,8 +32,8 @@ private:
 
 class Threads : public testing::Test {
 protected:
-    Threads() { SetMutexNameToDecoder(m_Name.data()); }
-    ~Threads() override {
+    void SetUp() override { SetMutexNameToDecoder(m_Name.data()); }
+    void TearDown() override {
         m_Name.clear();
         SetMutexNameToDecoder(m_Name.data());
     }
