@@ -136,8 +136,8 @@ MutexPointer OpenNamed(Table& table, const char* name, bool create, bool& create
         if (mutex->Named == nullptr) {
             return nullptr;
         }
-        std::erase_if(table.Names, [](const auto& each) { return each.second.expired(); });
         table.Names[name] = mutex;
+        std::erase_if(table.Names, [](const auto& each) { return each.second.expired(); });
     }
     return mutex;
 }

@@ -87,7 +87,7 @@ bool Live(BareHost& host, const Sample& sample, int64_t n, Failure failure, cons
 
 TEST(Allocations, EachMayFailOnceOrForGood) {
     BareHost host;
-    char name[] = "tickmux-allocations";
+    char name[] = "tickmux-alloc";  // short: the host's table has a name as long as the type guard's
     SetMutexNameToDecoder(name);
     for (const Sample& sample : Samples()) {
         const Buffers expected = ShownByANewOne(host, sample);

@@ -5,6 +5,8 @@
 #include <memory>
 #include <vector>
 
+#include "host/services.h"
+#include "layouts/RSTICK11.h"
 #include "layouts/RSTRBK01.h"
 #include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
@@ -148,7 +150,7 @@ TEST(LongDay, AWindowThatNeverFetchesCostsMemoryAlone) {
         batch();
     }
     const heap::Use after = heap::InUse();
-    constexpr int64_t kItemAndBuffer = 150 + 48;
+    constexpr int64_t kItemAndBuffer = sizeof(ViewItem) + sizeof(HeadedRows) + sizeof(TickRow);
     EXPECT_GE(after.Bytes - before.Bytes, batches * kItemAndBuffer);
     EXPECT_LE(after.Bytes - before.Bytes, batches * kItemAndBuffer * 3 / 2);
     EXPECT_LE(after.Blocks - before.Blocks, batches * 21 / 10 + 2) << "nodes come ten at a time";
