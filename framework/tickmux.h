@@ -6,13 +6,19 @@
  * and closes each batch of them (PutRTMPacketToDecoder, EndRTMUnpackToDecoder). Finished buffers wait in the
  * decoder's view queue, one for each message WM_TICKMUX_VIEW that the screen's window gets.
  *
- * The host's duty, since the packet path takes no lock:
- * - Packets and batch ends come from one thread at a time.
+ * The host's duty, since the packet path takes no lock, and what happens otherwise:
+ * - Packets and batch ends come from one thread at a time. Otherwise two handlers write the same rows, and
+ *   the heap is lost.
  * - RegistMap, UnregistMap, InitMap, StopMap and ReleaseMap do not run while another thread is inside the
- *   packet path. The map guard is a named mutex so that the host can hold it too around its batches.
- * - A window procedure that is called during a batch may call back into the module, but does not unregister
- *   a map there: its decoder would be gone under the handler that is running.
- * - A handle is not used after UnregistMap.
+ *   packet path. The map guard is a named mutex so that the host can hold it too: around each batch, and
+ *   around each of these calls. Otherwise a packet meets a decoder that is half built, or gone.
+ * - Who is called by the module (a window by a message, the communication manager by a request) may call
+ *   back: packets, batch ends, RegistMap, and InitMap, StopMap and ReleaseMap of any map. It does not call
+ *   UnregistMap, for any map: its decoder would be gone under the handler or the walk that is running.
+ * - Items are fetched on any thread. A window that never fetches keeps every buffer in memory until the map's
+ *   next InitMap, StopMap, ReleaseMap or UnregistMap; nothing else suffers.
+ * - A handle is not used after UnregistMap. The module does not notice; the memory may be another map's.
+ * - The window may be destroyed at any time. Buffers that cannot reach it are freed.
  */
 #ifndef TICKMUX_FRAMEWORK_TICKMUX_H
 #define TICKMUX_FRAMEWORK_TICKMUX_H

@@ -128,16 +128,16 @@ MutexPointer MakeUnnamed() {
 
 // Under the table's lock. Null: refused, or not there and not to be created.
 MutexPointer OpenNamed(Table& table, const char* name, bool create, bool& created) {
-    std::weak_ptr<Mutex>& known = table.Names[name];
-    MutexPointer mutex = known.lock();
+    const auto known = table.Names.find(name);
+    MutexPointer mutex = known == table.Names.end() ? nullptr : known->second.lock();
     if (mutex == nullptr) {
         mutex = std::make_shared<Mutex>();
         mutex->Named = SharedMutex::Open(name, create, created);
         if (mutex->Named == nullptr) {
-            table.Names.erase(name);
             return nullptr;
         }
-        known = mutex;
+        table.Names[name] = mutex;
+        std::erase_if(table.Names, [](const auto& each) { return each.second.expired(); });
     }
     return mutex;
 }

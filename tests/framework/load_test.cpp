@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <fstream>
@@ -12,6 +13,8 @@
 #include "framework/subscription.h"
 #include "host/platform.h"
 #include "host/tickhost.h"
+#include "tests/reliability/allocations.h"
+#include "tests/support/samples.h"
 
 namespace {
 
@@ -29,8 +32,8 @@ public:
     Result Call(const char* name, Arguments... arguments) const {
         return reinterpret_cast<Result (*)(Arguments...)>(dlsym(m_pLibrary, name))(arguments...);
     }
-    uintptr_t Open(HWND window, std::string init) const {
-        const auto handle = Call<uintptr_t>("RegistMap", window, "RSETFNAV_R");
+    uintptr_t Open(HWND window, std::string init, const char* map = "RSETFNAV_R") const {
+        const auto handle = Call<uintptr_t>("RegistMap", window, map);
         EXPECT_EQ((Call<int>("InitMap", handle, init.data())), 1);
         return handle;
     }
@@ -63,6 +66,10 @@ public:
     Requests(const Requests&) = delete;
     Requests& operator=(const Requests&) = delete;
 
+    // As many deletes as adds, the same number each round.
+    bool Balanced(int rounds) const {
+        return m_Count[0] > 0 && m_Count[0] % rounds == 0 && m_Count[0] == m_Count[1];
+    }
     std::string Told() const { return std::to_string(m_Count[0]) + " " + std::to_string(m_Count[1]); }
 
 private:
@@ -90,18 +97,48 @@ TEST(Load, ExportsTheTenFunctionsAndTheManagerAndNothingElse) {
                                             "SetMutexNameToDecoder", "StopMap", "StopView", "UnregistMap"}));
 }
 
-TEST(Load, UnloadWithdrawsEveryScreenAndLeavesTheProcess) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool kOwnPages = false;  // the sanitizers keep books of every library
+constexpr int kRounds = 100;
+#else
+constexpr bool kOwnPages = true;
+constexpr int kRounds = 10000;
+#endif
+
+int64_t ResidentBytes() {
+    int64_t size = 0;
+    int64_t resident = 0;
+    std::ifstream("/proc/self/statm") >> size >> resident;
+    return resident * sysconf(_SC_PAGESIZE);
+}
+
+// With all maps open at the unload.
+TEST(Load, UnloadWithdrawsEveryScreenAndLeavesNothing) {
+    constexpr int kWarmUp = 20;
+    constexpr int64_t kLittle = int64_t{256} * 1024;
     const Requests requests;
+    const SampleWorld world;
     HWND window = tickhost_create_window(nullptr, nullptr);
-    for (int round = 1; round <= 3; ++round) {
-        {
-            const LoadedModule module;
-            EXPECT_TRUE(IsMapped());
-            module.Open(window, kInit);
-            module.Open(window, kInit);
+    heap::Use before{};
+    int64_t resident = 0;
+    for (int round = 0; round < kRounds; ++round) {
+        if (round == kWarmUp) {
+            before = heap::InUse();
+            resident = ResidentBytes();
         }
-        EXPECT_FALSE(IsMapped());
-        EXPECT_EQ(requests.Told(), std::to_string(2 * round) + " " + std::to_string(2 * round));
+        const LoadedModule module;
+        for (const Sample& sample : Samples()) {
+            module.Open(window, sample.First, sample.Map.c_str());
+        }
+    }
+    EXPECT_EQ(heap::InUse().Blocks, before.Blocks);
+    EXPECT_EQ(heap::InUse().Bytes, before.Bytes);
+    EXPECT_TRUE(!kOwnPages || ResidentBytes() <= resident + kLittle) << ResidentBytes() - resident;
+    EXPECT_TRUE(requests.Balanced(kRounds)) << requests.Told();
+    EXPECT_FALSE(IsMapped());
+    {
+        const LoadedModule module;
+        EXPECT_TRUE(IsMapped());
     }
 }
 

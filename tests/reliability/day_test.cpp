@@ -1,0 +1,168 @@
+// A long day: what the module keeps is bounded by what it shows.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+#include "host/services.h"
+#include "layouts/RSTICK11.h"
+#include "layouts/RSTRBK01.h"
+#include "tests/reliability/allocations.h"
+#include "tests/reliability/bare_host.h"
+#include "tests/reliability/long_form.h"
+#include "tests/support/inquiries.h"
+#include "tests/support/orders.h"
+
+namespace {
+
+using Screens = std::vector<std::unique_ptr<BareScreen>>;
+
+Screens FourOfEachMap(BareHost& host) {
+    Screens screens;
+    for (const Sample& sample : Samples()) {
+        for (int copy = 0; copy < 4; ++copy) {
+            screens.push_back(std::make_unique<BareScreen>(host, sample));
+            screens.back()->Keeps = false;
+            screens.back()->Regist();
+        }
+    }
+    return screens;
+}
+
+void End(const Screens& screens) {
+    for (const auto& screen : screens) {
+        screen->Unregist();
+    }
+    tickhost_pump_messages();
+}
+
+void Feed(const std::string& packet) {
+    PutRTMPacketToDecoder(const_cast<char*>(packet.data()), static_cast<int>(packet.size()));
+}
+
+// Seven digits from 0000001 on; 0000000 would be the parent of every order.
+std::string OrderNumber(int number) {
+    return std::to_string(10000001 + number).substr(1);
+}
+
+// An inquiry of each screen, then packets, a batch of a few at a time.
+void TenMinutes(const Screens& screens, bool second, int packets) {
+    constexpr int kBatch = 8;
+    for (const auto& screen : screens) {
+        second ? screen->InitSecond() : screen->InitFirst();
+    }
+    const Buffers& all = SamplePackets();
+    for (int i = 0; i < packets; ++i) {
+        Feed(all[static_cast<std::size_t>(i) % all.size()]);
+        if (i % kBatch == 0) {
+            BareScreen::EndBatch();
+            tickhost_pump_messages();
+        }
+    }
+}
+
+TEST(LongDay, TheHeapIsAtTheLastHourAsAtTheSecond) {
+    constexpr int kHours = 8;
+    constexpr int kInquiries = 6;
+    const int packets = ShortOrLong(200000, 20000000) / (kHours * kInquiries);
+    {
+        const Screens warm = FourOfEachMap(*std::make_unique<BareHost>());
+        End(warm);
+    }
+    const int64_t blocksBefore = heap::InUse().Blocks;
+    {
+        BareHost host;
+        const Screens screens = FourOfEachMap(host);
+        heap::Use second{};
+        for (int hour = 1; hour <= kHours; ++hour) {
+            for (int inquiry = 0; inquiry < kInquiries; ++inquiry) {
+                TenMinutes(screens, inquiry % 2 != 0, packets);
+            }
+            if (hour == 2) {
+                second = heap::InUse();
+            }
+        }
+        EXPECT_EQ(heap::InUse().Blocks, second.Blocks);
+        EXPECT_EQ(heap::InUse().Bytes, second.Bytes);
+        End(screens);
+        EXPECT_TRUE(host.Open.empty());
+    }
+    EXPECT_LE(heap::InUse().Blocks - blocksBefore, 40) << "what the host itself keeps";
+}
+
+// Lists grow with their rows, by what a row takes and no more than twice that.
+TEST(LongDay, ListsThatGrowTakeWhatTheirRowsTake) {
+    struct Growing {
+        const char* Map;
+        std::size_t RowBytes;
+        std::string (*Packet)(int number);
+    };
+    const auto order = [](int number) { return Accepted(OrderNumber(number), 100).Bytes(); };
+    const auto early = [](int number) { return Filled(OrderNumber(number), 1, "1000").Bytes(); };
+    const auto price = [](int number) { return Trade("1ASII").Price(number + 1).Bytes(); };
+    const Growing lists[] = {{"RSNOCH21_R", 280, order},
+                             {"RSNOCH21_R", 240, early},
+                             {"RSORDE21_R", 280, order},
+                             {"RSORDE22_R", 280, order},
+                             {"RSTRBK01_R", sizeof(PriceRow) + 40, price}};
+    constexpr int kRows = 20000;
+    BareHost host;
+    for (const Growing& list : lists) {
+        BareScreen screen(host, SampleOf(list.Map));
+        screen.Keeps = false;
+        screen.Regist();
+        screen.InitFirst();
+        const int64_t before = heap::InUse().Bytes;
+        for (int number = 0; number < kRows; ++number) {
+            Feed(list.Packet(number));
+        }
+        tickhost_pump_messages();
+        const auto grown = static_cast<std::size_t>(heap::InUse().Bytes - before) / kRows;
+        EXPECT_GE(grown, list.RowBytes / 2) << list.Map;
+        EXPECT_LE(grown, list.RowBytes * 2) << list.Map;
+        screen.Unregist();
+    }
+}
+
+// Its queue takes a buffer and an item for each message; screens beside it are as they were.
+TEST(LongDay, AWindowThatNeverFetchesCostsMemoryAlone) {
+    const int batches = ShortOrLong(5000, 1000000);
+    BareHost host;
+    const Sample& sample = SampleOf("RSTICK11_R");
+    BareScreen silent(host, sample);
+    BareScreen fetching(host, sample);
+    silent.Fetches = false;
+    for (BareScreen* screen : {&silent, &fetching}) {
+        screen->Regist();
+        screen->InitFirst();
+    }
+    const std::string packet = Trade("1ASII").Bytes();
+    const auto batch = [&packet] {
+        Feed(packet);
+        BareScreen::EndBatch();
+    };
+    batch();
+    const Buffers first = fetching.Received;
+    const heap::Use before = heap::InUse();
+    fetching.Keeps = false;
+    for (int i = 0; i < batches; ++i) {
+        batch();
+    }
+    const heap::Use after = heap::InUse();
+    constexpr int64_t kItemAndBuffer = sizeof(ViewItem) + sizeof(HeadedRows) + sizeof(TickRow);
+    EXPECT_GE(after.Bytes - before.Bytes, batches * kItemAndBuffer);
+    EXPECT_LE(after.Bytes - before.Bytes, batches * kItemAndBuffer * 3 / 2);
+    EXPECT_LE(after.Blocks - before.Blocks, batches * 21 / 10 + 2) << "nodes come ten at a time";
+    fetching.Keeps = true;
+    fetching.Received.clear();
+    batch();
+    EXPECT_EQ(fetching.Received, first);
+    StopMap(silent.Handle);
+    EXPECT_LE(heap::InUse().Blocks - before.Blocks, batches / 10 + 10) << "only the queue's room stays";
+    silent.Unregist();
+    fetching.Unregist();
+    EXPECT_LE(heap::InUse().Bytes, before.Bytes);
+}
+
+}  // namespace

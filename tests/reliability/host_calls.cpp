@@ -1,0 +1,56 @@
+#include "tests/reliability/host_calls.h"
+
+#include <dlfcn.h>
+
+#include <utility>
+
+#include "host/platform.h"
+#include "tests/reliability/allocations.h"
+
+namespace {
+
+struct Calls {
+    bool Counting = false;
+    int Count = 0;
+    int At = 0;
+    std::function<void()> Action;
+};
+thread_local Calls t_Calls;
+
+// The next function of the name, behind this program's.
+template <class Function>
+Function* Behind(const char* name, Function* /*own*/) {
+    if (t_Calls.Counting && ++t_Calls.Count == t_Calls.At) {
+        const heap::Spared spared;
+        t_Calls.Counting = false;  // what the action itself brings does not count
+        t_Calls.Action();
+        t_Calls.Counting = true;
+    }
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+void AtHostCall(int n, const std::function<void()>& action) {
+    t_Calls = {true, 0, n, action};
+}
+
+int HostCallsEnd() {
+    return std::exchange(t_Calls, {}).Count;
+}
+
+BOOL IsWindow(HWND window) {
+    return Behind("IsWindow", &IsWindow)(window);
+}
+LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return Behind("SendMessageA", &SendMessageA)(window, message, wParam, lParam);
+}
+BOOL SendNotifyMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return Behind("SendNotifyMessageA", &SendNotifyMessageA)(window, message, wParam, lParam);
+}
+BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return Behind("PostMessageA", &PostMessageA)(window, message, wParam, lParam);
+}
+DWORD GetTickCount() {
+    return Behind("GetTickCount", &GetTickCount)();
+}

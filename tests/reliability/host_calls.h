@@ -1,0 +1,13 @@
+// The module's calls of the platform, one by one: this program's own functions stand before the stand-in
+// host's and pass on to them.
+#ifndef TICKMUX_TESTS_RELIABILITY_HOST_CALLS_H
+#define TICKMUX_TESTS_RELIABILITY_HOST_CALLS_H
+
+#include <functional>
+
+// Runs `action` in front of the n-th call from now on, counted from 1.
+void AtHostCall(int n, const std::function<void()>& action);
+// Ends that; gives how many calls there were.
+int HostCallsEnd();
+
+#endif
