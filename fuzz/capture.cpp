@@ -1,0 +1,54 @@
+// A capture, replayed into one screen of each kind.
+#include <deque>
+
+#include "fuzz/memory_file.h"
+#include "fuzz/tool_screens.h"
+#include "tools/capture.h"
+#include "tools/errors.h"
+#include "tools/packet_tally.h"
+
+using namespace fuzz;
+
+namespace {
+
+void Replay(tools::CaptureReader& capture) {
+    std::deque<ToolScreen> screens;
+    for (const tools::ScreenKind* kind : tools::ScreenKinds()) {
+        screens.emplace_back(*kind, kind->MakeInit(kind->SampleKey, {"20261120"}));
+    }
+    tools::PacketTally tally;
+    tools::CaptureRecord record;
+    while (capture.Next(record)) {
+        Fold(tools::ClockText(record.Time));
+        if (record.EndsBatch()) {
+            EndRTMUnpackToDecoder();
+            continue;
+        }
+        if (!tally.Check(record)) {
+            Fold(tally.Fault(record));
+        }
+        Desk::Feed({record.Bytes, static_cast<std::size_t>(record.Length)});
+    }
+    EndRTMUnpackToDecoder();
+    for (ToolScreen& screen : screens) {
+        screen.Show();
+    }
+    for (const std::string& line : tally.Report()) {
+        Fold(line);
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
+    static const MemoryFile file;
+    Desk::Get().Begin();
+    file.Hold({reinterpret_cast<const char*>(data), size});
+    try {
+        tools::CaptureReader capture(file.Path());
+        Replay(capture);
+    } catch (const tools::BadInput& bad) {
+        Fold(bad.what());
+    }
+    return 0;
+}
