@@ -15,7 +15,8 @@ public:
     explicit Host(Input in) : m_In(in) {}
 
     void Run() {
-        while (!m_In.Empty()) {
+        constexpr int kMostSteps = 100;
+        for (int steps = 0; steps < kMostSteps && !m_In.Empty(); ++steps) {
             Step(false);
         }
     }

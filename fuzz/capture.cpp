@@ -1,6 +1,5 @@
-// A capture, replayed into one screen of each kind.
-#include <deque>
-
+// A capture, replayed into a screen of the kind that a first byte tells.
+#include "fuzz/input.h"
 #include "fuzz/memory_file.h"
 #include "fuzz/tool_screens.h"
 #include "tools/capture.h"
@@ -11,11 +10,8 @@ using namespace fuzz;
 
 namespace {
 
-void Replay(tools::CaptureReader& capture) {
-    std::deque<ToolScreen> screens;
-    for (const tools::ScreenKind* kind : tools::ScreenKinds()) {
-        screens.emplace_back(*kind, kind->MakeInit(kind->SampleKey, {"20261120"}));
-    }
+void Replay(tools::CaptureReader& capture, const tools::ScreenKind& kind) {
+    ToolScreen screen(kind, kind.MakeInit(kind.SampleKey, {"20261120"}));
     tools::PacketTally tally;
     tools::CaptureRecord record;
     while (capture.Next(record)) {
@@ -30,9 +26,7 @@ void Replay(tools::CaptureReader& capture) {
         Desk::Feed({record.Bytes, static_cast<std::size_t>(record.Length)});
     }
     EndRTMUnpackToDecoder();
-    for (ToolScreen& screen : screens) {
-        screen.Show();
-    }
+    screen.Show();
     for (const std::string& line : tally.Report()) {
         Fold(line);
     }
@@ -43,10 +37,12 @@ void Replay(tools::CaptureReader& capture) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     static const MemoryFile file;
     Desk::Get().Begin();
-    file.Hold({reinterpret_cast<const char*>(data), size});
+    Input in(data, size);
+    const unsigned kind = in.Byte();
+    file.Hold(in.Rest());
     try {
         tools::CaptureReader capture(file.Path());
-        Replay(capture);
+        Replay(capture, *tools::ScreenKinds()[kind % tools::ScreenKinds().size()]);
     } catch (const tools::BadInput& bad) {
         Fold(bad.what());
     }

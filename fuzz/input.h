@@ -13,6 +13,7 @@ class Input {
 public:
     Input(const uint8_t* data, std::size_t size) : m_Rest(reinterpret_cast<const char*>(data), size) {}
 
+    std::size_t Left() const { return m_Rest.size(); }
     bool Empty() const { return m_Rest.empty(); }
     unsigned Byte() {
         const std::string_view byte = Take(1);
@@ -24,6 +25,7 @@ public:
         m_Rest.remove_prefix(taken.size());
         return taken;
     }
+    std::string_view Rest() { return Take(m_Rest.size()); }
     // Up to the next zero byte, which goes too.
     std::string_view Text() {
         const std::string_view taken = Take(std::min(m_Rest.find('\0'), m_Rest.size()));

@@ -1,10 +1,10 @@
-// Packets of right and nearly right length, to screens on all maps: records of a mark, a type char and a
-// payload, which zeros fill up. A first byte chooses the Init texts.
-#include <deque>
+// Packets of right and nearly right length, to one map's screen: a first byte that tells map and Init text, then
+// records of a mark, a type char and a payload, which zeros fill up.
+#include <random>
 
 #include "fuzz/desk.h"
 #include "fuzz/input.h"
-#include "fuzz/packet_sizes.h"
+#include "fuzz/packet_records.h"
 
 using namespace fuzz;
 
@@ -12,25 +12,44 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     Desk& desk = Desk::Get();
     desk.Begin();
     Input in(data, size);
-    const bool second = in.Byte() % 2 != 0;
-    std::deque<Screen> screens;
-    for (const Sample& sample : Samples()) {
-        screens.emplace_back(sample.Map).Init(second ? sample.Second : sample.First);
-    }
-    constexpr int kMostPackets = 100;
-    for (int packets = 0; packets < kMostPackets && !in.Empty(); ++packets) {
-        const unsigned mark = in.Byte();
-        if (IsBatchEnd(mark)) {
-            desk.PassTime(mark);
+    const unsigned choice = in.Byte();
+    const Sample& sample = Samples()[choice / 2 % Samples().size()];
+    const Screen screen(sample.Map);
+    screen.Init(choice % 2 == 0 ? sample.First : sample.Second);
+    constexpr int kMostRecords = 100;
+    for (int records = 0; records < kMostRecords && !in.Empty(); ++records) {
+        const Record record = NextRecord(in);
+        if (IsBatchEnd(record)) {
+            desk.PassTime(record.Mark);
             EndRTMUnpackToDecoder();
-            continue;
+        } else {
+            Desk::Feed(PacketOf(record));
         }
-        std::string packet(in.Take(1));
-        packet += in.Take(PayloadSize(packet, mark));
-        packet.resize(1 + PayloadSize(packet, mark));
-        Desk::Feed(packet);
     }
     EndRTMUnpackToDecoder();
     tickhost_pump_messages();
     return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerMutate(uint8_t* data, std::size_t size, std::size_t room);
+
+// Every other time within one packet, so that those behind it stay packets.
+extern "C" std::size_t LLVMFuzzerCustomMutator(uint8_t* data, std::size_t size, std::size_t room,
+                                               unsigned seed) {
+    std::minstd_rand dice(seed);
+    if (dice() % 2 != 0) {
+        return LLVMFuzzerMutate(data, size, room);
+    }
+    const std::size_t place = size == 0 ? 0 : dice() % size;
+    Input in(data, size);
+    in.Byte();
+    while (!in.Empty()) {
+        const std::size_t length = NextRecord(in).Payload.size();
+        const std::size_t end = size - in.Left();
+        if (length > 0 && end > place) {
+            LLVMFuzzerMutate(data + end - length, length, length);
+            return size;
+        }
+    }
+    return LLVMFuzzerMutate(data, size, room);
 }

@@ -7,7 +7,6 @@
 #include <iterator>
 
 #include "fuzz/desk.h"
-#include "fuzz/packet_sizes.h"
 #include "tools/feed.h"
 #include "tools/screens/screen.h"
 
@@ -41,9 +40,10 @@ void WriteInits(const fs::path& corpus) {
 
 // All samples of a map, in one batch and in many, after either Init text.
 void WritePackets(const fs::path& corpus) {
-    for (const Sample& sample : Samples()) {
-        std::string batch(1, '\0');
-        std::string batches(1, '\1');
+    for (std::size_t map = 0; map < Samples().size(); ++map) {
+        const Sample& sample = Samples()[map];
+        std::string batch(1, static_cast<char>(2 * map));
+        std::string batches(1, static_cast<char>(2 * map + 1));
         for (const std::string& packet : sample.Packets) {
             (batch += '\0') += packet;
             ((batches += '\0') += packet) += '\xFF';
@@ -53,7 +53,7 @@ void WritePackets(const fs::path& corpus) {
     }
 }
 
-// The calls are those of the target: open, Init, packets, batch end, the other Init, stop, release, close.
+// Open, Init, packets, batch end, the other Init, stop, release, close, as the calls target numbers them.
 void WriteCalls(const fs::path& corpus) {
     for (std::size_t map = 0; map < Samples().size(); ++map) {
         std::string calls{'\7', static_cast<char>(map)};
@@ -66,12 +66,15 @@ void WriteCalls(const fs::path& corpus) {
 
 void WriteFiles(const fs::path& corpus, const fs::path& samples) {
     std::string settings;
+    char reader = 0;
     for (const char* name : {"EnvVar.ini", "Interest.ini", "InterestAlarm.ini", "TradeMonEnv.ini"}) {
         settings += Whole(samples / name);
         Write(corpus / "settings" / (std::string("seed-") + name),
-              Whole(Desk::Get().World().Folder().Path(name)));
+              reader++ + Whole(Desk::Get().World().Folder().Path(name)));
     }
-    Write(corpus / "settings" / "seed-all", settings);
+    for (reader = 0; reader < 4; ++reader) {
+        Write(corpus / "settings" / ("seed-all-" + std::to_string(reader)), reader + settings);
+    }
     std::ifstream workspace(samples / "sample.workspace");
     std::string line;
     for (int number = 1; std::getline(workspace, line); ++number) {
@@ -80,18 +83,23 @@ void WriteFiles(const fs::path& corpus, const fs::path& samples) {
     Write(corpus / "master_data" / "seed", "# known\nstock ASII \"ASII shares\"\nbroker AB Broker 2\n");
 }
 
-void WriteCapture(const fs::path& corpus) {
-    fs::create_directories(corpus / "capture");
-    tools::CaptureWriter capture(corpus / "capture" / "seed");
+// One to each kind of screen.
+void WriteCaptures(const fs::path& corpus) {
+    const fs::path file = corpus / "session";
+    tools::CaptureWriter capture(file);
     tools::FeedOptions options;
-    options.Minutes = 3;
-    options.Packets = 20;
+    options.Minutes = 2;
+    options.Packets = 6;
     options.Stocks = 2;
-    options.Orders = options.News = options.Others = 20;
+    options.Orders = options.Brokers = options.News = options.Others = 50;
     tools::Feed feed(options, capture);
     while (feed.WriteBatch()) {
     }
     capture.Close();
+    for (std::size_t kind = 0; kind < tools::ScreenKinds().size(); ++kind) {
+        Write(corpus / "capture" / ("seed-" + std::to_string(kind)), static_cast<char>(kind) + Whole(file));
+    }
+    fs::remove(file);
 }
 
 }  // namespace
@@ -105,6 +113,6 @@ int main(int argc, char** argv) {
     WritePackets(argv[1]);
     WriteCalls(argv[1]);
     WriteFiles(argv[1], argv[2]);
-    WriteCapture(argv[1]);
+    WriteCaptures(argv[1]);
     return 0;
 }

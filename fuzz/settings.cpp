@@ -1,8 +1,9 @@
-// One text in place of all settings files, and what the boards and the monitor make of it.
+// One text in place of all settings files, and what one of their readers makes of it, which a first byte tells.
 #include <filesystem>
 
 #include "fuzz/desk.h"
 #include "fuzz/fold.h"
+#include "fuzz/input.h"
 #include "fuzz/memory_file.h"
 
 using namespace fuzz;
@@ -40,14 +41,17 @@ void ReadLists(const std::string& path, DWORD size) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     Desk& desk = Desk::Get();
     desk.Begin();
-    SettingsFile().Hold({reinterpret_cast<const char*>(data), size});
-    constexpr DWORD kMostListSize = 64;
-    ReadLists(SettingsFile().Path(), 1 + static_cast<DWORD>(size) % kMostListSize);
-    for (const char* map : {"RSFLDN01_R", "RSITST01_R", "RSODER01_R"}) {
-        const Sample& sample = SampleOf(map);
+    Input in(data, size);
+    const unsigned choice = in.Byte();
+    SettingsFile().Hold(in.Rest());
+    const char* const maps[] = {"RSFLDN01_R", "RSITST01_R", "RSODER01_R"};
+    if (const unsigned map = choice % 4; map < std::size(maps)) {
+        const Sample& sample = SampleOf(maps[map]);
         const Screen screen(sample.Map);
         screen.Init(sample.First);
         desk.Batch(sample.Packets);
+    } else {
+        ReadLists(SettingsFile().Path(), 1 + choice / 4);
     }
     return 0;
 }
