@@ -19,9 +19,9 @@ struct CodePlace {
     std::size_t Offset;
 };
 constexpr CodePlace kCodePlaces[] = {
-    {"ABCD", kStockClass, 1},  {"R", kStockClass, 1 + offsetof(CompactTradePacket, Key)},
-    {"EF", kIndexClass, 1},    {"M", kMarketClass, 1},
-    {"N", kFundClass, 1},      {"@", kSpecialClass, 1}};
+    {"ABCD", kStockClass, 1}, {"R", kStockClass, 1 + offsetof(CompactTradePacket, Key)},
+    {"EF", kIndexClass, 1},   {"M", kMarketClass, 1},
+    {"N", kFundClass, 1},     {"@", kSpecialClass, 1}};
 
 }  // namespace
 

@@ -1,4 +1,5 @@
-// Init texts of one map, which --map=NAME tells: up to four, each behind a zero byte, with packets after each.
+// Init texts of one map, which --map=NAME tells: up to four, each behind a zero byte, with packets after
+// each.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>

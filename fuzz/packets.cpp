@@ -1,5 +1,5 @@
-// Packets of right and nearly right length, to one map's screen: a first byte that tells map and Init text, then
-// records of a mark, a type char and a payload, which zeros fill up.
+// Packets of right and nearly right length, to one map's screen: a first byte that tells map and Init text,
+// then records of a mark, a type char and a payload, which zeros fill up.
 #include <random>
 
 #include "fuzz/desk.h"

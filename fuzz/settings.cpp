@@ -1,4 +1,5 @@
-// One text in place of all settings files, and what one of their readers makes of it, which a first byte tells.
+// One text in place of all settings files, and what one of their readers makes of it, which a first byte
+// tells.
 #include <filesystem>
 
 #include "fuzz/desk.h"

@@ -1,8 +1,8 @@
 // A workspace file, and its screens with some packets.
+#include "tools/workspace.h"
 #include "fuzz/memory_file.h"
 #include "fuzz/tool_screens.h"
 #include "tools/errors.h"
-#include "tools/workspace.h"
 
 using namespace fuzz;
 
