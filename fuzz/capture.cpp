@@ -21,7 +21,7 @@ void Replay(tools::CaptureReader& capture, const tools::ScreenKind& kind) {
             continue;
         }
         if (!tally.Check(record)) {
-            Fold(tally.Fault(record));
+            Fold(tools::PacketTally::Fault(record));
         }
         Desk::Feed({record.Bytes, static_cast<std::size_t>(record.Length)});
     }

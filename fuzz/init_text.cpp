@@ -15,6 +15,7 @@ const Sample* g_pSample = nullptr;
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-non-const-parameter): the fuzzer's own form
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
     for (int number = 1; number < *argc; ++number) {
         for (const Sample& sample : Samples()) {
