@@ -1,5 +1,5 @@
-// Packets of right and nearly right length, to one map's screen: a first byte that tells map and Init text,
-// then records of a mark, a type char and a payload, which zeros fill up.
+// Packets of right and nearly right length, to one map's screen: a byte that tells the map, an Init text up
+// to a zero byte, or the sample's, then records of a mark, a type char and a payload, which zeros fill up.
 #include <random>
 
 #include "fuzz/desk.h"
@@ -12,10 +12,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     Desk& desk = Desk::Get();
     desk.Begin();
     Input in(data, size);
-    const unsigned choice = in.Byte();
-    const Sample& sample = Samples()[choice / 2 % Samples().size()];
+    const Sample& sample = Samples()[in.Byte() % Samples().size()];
+    const std::string_view init = in.Text();
     const Screen screen(sample.Map);
-    screen.Init(choice % 2 == 0 ? sample.First : sample.Second);
+    screen.Init(init.empty() ? sample.First : init);
     constexpr int kMostRecords = 100;
     for (int records = 0; records < kMostRecords && !in.Empty(); ++records) {
         const Record record = NextRecord(in);
@@ -43,6 +43,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(uint8_t* data, std::size_t size, 
     const std::size_t place = size == 0 ? 0 : dice() % size;
     Input in(data, size);
     in.Byte();
+    in.Text();
     while (!in.Empty()) {
         const std::size_t length = NextRecord(in).Payload.size();
         const std::size_t end = size - in.Left();

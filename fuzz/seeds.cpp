@@ -36,20 +36,28 @@ void WriteInits(const fs::path& corpus) {
         Write(corpus / sample.Map / "seed-both", sample.Second + '\0' + sample.First);
         Write(corpus / sample.Map / "seed-tools", made);
     }
+    for (const char* map : {"RSCAND11_R", "RICAND11_R"}) {
+        for (const char period : std::string_view("ABDFGHIJKLMN")) {
+            const tools::ScreenKind& kind = tools::FindScreenKind(map);
+            tools::InitText init = kind.MakeInit(kind.SampleKey, {"20261120"});
+            init.Set("Period", std::string(1, period));
+            Write(corpus / map / (std::string("seed-period-") + period), std::string(init.Bytes()));
+        }
+    }
 }
 
-// All samples of a map, in one batch and in many, after either Init text.
+// All samples of a map, each in a batch of its own, after each of its Init texts.
 void WritePackets(const fs::path& corpus) {
     for (std::size_t map = 0; map < Samples().size(); ++map) {
-        const Sample& sample = Samples()[map];
-        std::string batch(1, static_cast<char>(2 * map));
-        std::string batches(1, static_cast<char>(2 * map + 1));
-        for (const std::string& packet : sample.Packets) {
-            (batch += '\0') += packet;
+        std::string batches;
+        for (const std::string& packet : Samples()[map].Packets) {
             ((batches += '\0') += packet) += '\xFF';
         }
-        Write(corpus / "packets" / ("seed-batch-" + sample.Map), batch);
-        Write(corpus / "packets" / ("seed-batches-" + sample.Map), batches);
+        for (const fs::directory_entry& init : fs::directory_iterator(corpus / Samples()[map].Map)) {
+            const std::string text = Whole(init.path());
+            Write(corpus / "packets" / (Samples()[map].Map + "-" + init.path().filename().string()),
+                  static_cast<char>(map) + text.substr(0, text.find('\0')) + '\0' + batches);
+        }
     }
 }
 
@@ -74,6 +82,8 @@ void WriteFiles(const fs::path& corpus, const fs::path& samples) {
     }
     for (reader = 0; reader < 4; ++reader) {
         Write(corpus / "settings" / ("seed-all-" + std::to_string(reader)), reader + settings);
+        Write(corpus / "settings" / ("seed-market-" + std::to_string(reader)),
+              static_cast<char>(reader + 4) + std::string("[TRADE_MONITOR]\nALL=1\n") + settings);
     }
     std::ifstream workspace(samples / "sample.workspace");
     std::string line;

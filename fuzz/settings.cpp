@@ -44,6 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     desk.Begin();
     Input in(data, size);
     const unsigned choice = in.Byte();
+    tickhost_set_tobrin_account(choice / 4 % 2 == 0 ? 0 : 1);
     SettingsFile().Hold(in.Rest());
     const char* const maps[] = {"RSFLDN01_R", "RSITST01_R", "RSODER01_R"};
     if (const unsigned map = choice % 4; map < std::size(maps)) {
