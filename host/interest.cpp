@@ -1,5 +1,6 @@
 // The user's interest groups, from the file that tickhost.h tells of.
 #include <algorithm>
+#include <charconv>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -9,12 +10,22 @@
 
 namespace {
 
-constexpr int kGroups = 1000;
+constexpr std::size_t kDigits = 3;
 
 // "GROUP" and 7 give "GROUP007".
 std::string Numbered(std::string_view stem, uint32_t number) {
     const std::string digits = std::to_string(number);
-    return std::string(stem).append(digits.size() < 3 ? 3 - digits.size() : 0, '0').append(digits);
+    return std::string(stem)
+        .append(digits.size() < kDigits ? kDigits - digits.size() : 0, '0')
+        .append(digits);
+}
+
+// What stands behind the stem; 0 for another name, which then is not that of group 0.
+uint32_t NumberIn(std::string_view name) {
+    uint32_t number = 0;
+    const std::string_view digits = name.substr(name.size() - std::min(name.size(), kDigits));
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return number;
 }
 
 MarlGroupItem ItemOf(uint32_t number, std::string_view value) {
@@ -25,8 +36,8 @@ MarlGroupItem ItemOf(uint32_t number, std::string_view value) {
     return item;
 }
 
-CMarlGroup GroupOf(int number, const ProfileFile::Section& section) {
-    CMarlGroup group{number, {}};
+CMarlGroup GroupOf(uint32_t number, const ProfileFile::Section& section) {
+    CMarlGroup group{static_cast<int>(number), {}};
     for (uint32_t item = 1; const ProfileFile::Entry* const entry = section.Find(Numbered("ITEM", item));
          ++item) {
         group.Items.push_back(ItemOf(item, entry->Value));
@@ -43,10 +54,10 @@ CInterestTable::~CInterestTable() = default;
 void CInterestTable::ReadAllGroup(CString path) {
     m_Groups.clear();
     const ProfileFile file(path);
-    for (int number = 0; number < kGroups; ++number) {
-        if (const ProfileFile::Section* const section =
-                file.Find(Numbered("GROUP", static_cast<uint32_t>(number)))) {
-            m_Groups.emplace(number, GroupOf(number, *section));
+    for (const ProfileFile::Section& section : file.Sections()) {
+        const uint32_t number = NumberIn(section.Name);
+        if (file.Find(Numbered("GROUP", number)) == &section) {
+            m_Groups.emplace(static_cast<int>(number), GroupOf(number, section));
         }
     }
 }

@@ -46,6 +46,9 @@ needs() {
 # What every build needs.
 build_packages=(g++ cmake ninja-build libgtest-dev libbenchmark-dev libpcap-dev)
 
+# What the fuzz targets need beyond that.
+fuzz_packages=(clang-14 libclang-rt-14-dev)
+
 # build PRESET: configures and builds; what the tools print is shown where they fail.
 build() {
     local log

@@ -1,0 +1,50 @@
+// A capture, replayed into a screen of the kind that a first byte tells.
+#include "tools/capture.h"
+#include "fuzz/input.h"
+#include "fuzz/memory_file.h"
+#include "fuzz/tool_screens.h"
+#include "tools/errors.h"
+#include "tools/packet_tally.h"
+
+using namespace fuzz;
+
+namespace {
+
+void Replay(tools::CaptureReader& capture, const tools::ScreenKind& kind) {
+    ToolScreen screen(kind, kind.MakeInit(kind.SampleKey, {"20261120"}));
+    tools::PacketTally tally;
+    tools::CaptureRecord record;
+    while (capture.Next(record)) {
+        Fold(tools::ClockText(record.Time));
+        if (record.EndsBatch()) {
+            EndRTMUnpackToDecoder();
+            continue;
+        }
+        if (!tally.Check(record)) {
+            Fold(tools::PacketTally::Fault(record));
+        }
+        Desk::Feed({record.Bytes, static_cast<std::size_t>(record.Length)});
+    }
+    EndRTMUnpackToDecoder();
+    screen.Show();
+    for (const std::string& line : tally.Report()) {
+        Fold(line);
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
+    static const MemoryFile file;
+    Desk::Get().Begin();
+    Input in(data, size);
+    const unsigned kind = in.Byte();
+    file.Hold(in.Rest());
+    try {
+        tools::CaptureReader capture(file.Path());
+        Replay(capture, *tools::ScreenKinds()[kind % tools::ScreenKinds().size()]);
+    } catch (const tools::BadInput& bad) {
+        Fold(bad.what());
+    }
+    return 0;
+}
