@@ -43,7 +43,8 @@ uint64_t TailOf(const Bytes& bytes) {
 // Equality of up to 16 bytes, without a call.
 template <class Bytes>
 bool SameBytes(const Bytes& one, const Bytes& other) {
-    static_assert(alignof(Bytes) == 1 && sizeof(Bytes) <= 2 * sizeof(uint64_t));
+    static_assert(alignof(Bytes) == 1);
+    static_assert(sizeof(Bytes) <= 2 * sizeof(uint64_t));
     if constexpr (sizeof(Bytes) <= sizeof(uint64_t)) {
         return HeadOf(one) == HeadOf(other);
     } else {

@@ -91,6 +91,51 @@ TEST(Codecs, DecimalsAreTheNearestTextOfTheExactValueTiesToEven) {
     }
 }
 
+// The widths and decimals that screens have, tens of millions of times where nothing slows the run down.
+TEST(Codecs, FastDecimalsAreTheFormattedPrint) {
+#if defined(NDEBUG) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+    constexpr int kRounds = 800000;
+#else
+    constexpr int kRounds = 20000;
+#endif
+    constexpr struct {
+        int Length;
+        int Decimals;
+    } kFields[] = {{6, 2}, {12, 4}, {15, 4}, {12, 3}, {18, 0}};
+    std::mt19937_64 random(4);
+    for (int i = 0; i < kRounds; ++i) {
+        const auto whole = static_cast<double>(static_cast<int64_t>(random()) >> (13 + random() % 50));
+        const double rate = static_cast<double>(static_cast<int32_t>(random()) % 100000) / 997.0;
+        const double tie = whole / 32.0;  // at up to four decimals
+        const double tiny = std::bit_cast<double>(random() >> 12) * (i % 2 == 0 ? 1.0 : -1.0);
+        for (const double value : {whole / 10000.0, rate, tie, std::nextafter(tie, 1e300),
+                                   std::nextafter(tie, -1e300), tiny, i % 2 == 0 ? 0.0 : -0.0}) {
+            const auto& field = kFields[(static_cast<unsigned>(i) + random()) % std::size(kFields)];
+            char print[400];
+            char text[32];
+            std::snprintf(print, sizeof(print), "%*.*f", field.Length, field.Decimals, value);
+            DoubleToAscii(value, text, field.Length, field.Decimals);
+            char inlined[32];
+            switch (field.Length) {
+                case 6:
+                    Put<2>(*reinterpret_cast<char(*)[6]>(inlined), value);
+                    break;
+                case 15:
+                    Put<4>(*reinterpret_cast<char(*)[15]>(inlined), value);
+                    break;
+                case 18:
+                    Put<0>(*reinterpret_cast<char(*)[18]>(inlined), value);
+                    break;
+                default:
+                    std::memcpy(inlined, text, sizeof(text));
+            }
+            const auto length = static_cast<std::size_t>(field.Length);
+            ASSERT_EQ(std::string(text, length), std::string(print, length)) << value;
+            ASSERT_EQ(std::memcmp(inlined, text, length), 0) << value;
+        }
+    }
+}
+
 TEST(Codecs, IntegersAreReadUpToTheFirstOtherCharacter) {
     for (const auto& [text, value] : std::vector<std::pair<std::string, int32_t>>{
              {"\t\r -12x9", -12},
