@@ -1,9 +1,10 @@
 // What a packet costs as things grow: screens, rows of a board, rows of an order list, prices of the volume
-// table, watched codes. Names end in the size.
+// table, watched codes, monitors, items of a pass-through. Names end in the size.
 
 #include <benchmark/benchmark.h>
 
 #include "bench/support/market.h"
+#include "bench/support/monitor_terminal.h"
 #include "bench/support/session.h"
 #include "layouts/Orders.h"
 #include "layouts/RSITST01.h"
@@ -95,25 +96,44 @@ bench::Script Prices(unsigned size) {
     return script;
 }
 
+// Half of the trades are of stocks that nobody watches.
 bench::Script WatchedCodes(unsigned size) {
-    std::vector<std::string> codes;
-    codes.reserve(size);
-    for (unsigned stock = 0; stock < size; ++stock) {
-        codes.push_back(bench::StockOf(stock).substr(1));
-    }
-    std::vector<const char*> texts;
-    texts.reserve(size);
-    for (const std::string& code : codes) {
-        texts.push_back(code.c_str());
-    }
-    tickhost_set_text("UserDir", "");
-    tickhost_set_master(0, static_cast<int>(size), texts.data(), texts.data(), texts.data());
-    tickhost_set_master(3, 0, nullptr, nullptr, nullptr);
     bench::Market market(1);
     bench::Script script;
+    script.World = std::make_shared<bench::MonitorTerminal>(size, 0);
     script.Screens = {{"RSFLDN01_R", "M1unread.."}};
     for (int i = 0; i < kPackets; ++i) {
         script.Feed.Add(market.CompactTrade(bench::StockOf(market.Below(size * 2))));
+    }
+    script.nBatch = 64;
+    return script;
+}
+
+// Filters let one trade in a hundred through: an eighth of all go up to nine million.
+bench::Script Monitors(unsigned size) {
+    constexpr unsigned kStocks = 900;
+    bench::Market market(1);
+    bench::Script script;
+    script.World = std::make_shared<bench::MonitorTerminal>(kStocks, 8'280'000);
+    script.Screens.assign(size, {"RSFLDN01_R", "M1unread.."});
+    for (int i = 0; i < kPackets; ++i) {
+        script.Feed.Add(market.CompactTrade(bench::StockOf(market.Below(kStocks))));
+    }
+    script.nBatch = 64;
+    return script;
+}
+
+// Packets of stocks that are not listed.
+bench::Script PassItems(unsigned size) {
+    bench::Market market(1);
+    bench::Script script;
+    std::string init = bench::Right(std::to_string(size), 4);
+    for (unsigned stock = 0; stock < size; ++stock) {
+        init += "1" + bench::Left(bench::StockOf(stock), 11) + bench::Left("1", 8);
+    }
+    script.Screens = {{"RRPASS01_R", init}};
+    for (int i = 0; i < kPackets; ++i) {
+        script.Feed.Add(market.Trade(bench::StockOf(1000 + market.Below(1000))));
     }
     script.nBatch = 64;
     return script;
@@ -144,6 +164,8 @@ int main(int argc, char** argv) {
     Register("rows of an order list", OrderRows, {10, 100, 1000, 9999});
     Register("prices of the volume table", Prices, {10, 100, 1000, 5000});
     Register("watched codes", WatchedCodes, {10, 100, 1000, 10000});
+    Register("monitors of the whole market", Monitors, {1, 5, 20});
+    Register("items of a pass-through", PassItems, {1, 20, 200});
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

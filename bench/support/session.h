@@ -28,9 +28,10 @@ struct Script {
         std::string Init;
     };
     std::vector<Screen> Screens;
-    Packets Before;          // once, with a batch end behind them
-    Packets Feed;            // in each pass
-    std::size_t nBatch = 1;  // packets in a batch; 0: no batch ends
+    Packets Before;               // once, with a batch end behind them
+    Packets Feed;                 // in each pass
+    std::size_t nBatch = 1;       // packets in a batch; 0: no batch ends
+    std::shared_ptr<void> World;  // what the screens read when they open
 };
 
 class ModuleForm {
