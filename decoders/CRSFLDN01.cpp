@@ -112,10 +112,12 @@ int CRSFLDN01::OnTrade(const Packet& trade) {
         return 0;
     }
     const int direction = SignToColor(nullptr, trade.Sign);
-    const double rate = BiasedRate(WrapMultiply(int32_t{direction}, trade.Change),
-                                   BaseOf(trade.Price, direction, trade.Change), direction);
+    const auto rateOf = [&trade, direction] {
+        return BiasedRate(WrapMultiply(int32_t{direction}, trade.Change),
+                          BaseOf(trade.Price, direction, trade.Change), direction);
+    };
     const char* suffix = SuffixOf(trade.Key.Board);
-    if (suffix == nullptr || !m_Filters.Pass(trade.Price, rate, trade.Volume)) {
+    if (suffix == nullptr || !m_Filters.Pass(trade.Price, rateOf, trade.Volume)) {
         return 0;
     }
     MonitorRow* row = m_Rows.Add();
@@ -133,7 +135,7 @@ int CRSFLDN01::OnTrade(const Packet& trade) {
     PutColor(row->ChangeTag, direction);
     Put(row->Change, trade.Change);
     PutColor(row->RateTag, direction);
-    Put<2>(row->Rate, rate);
+    Put<2>(row->Rate, rateOf());
     Put(row->Volume, trade.Volume);
     PutClassTag(row->Broker1ClassTag, trade.Broker1Class);
     row->Broker1Class = trade.Broker1Class;

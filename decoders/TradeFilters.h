@@ -19,11 +19,15 @@ struct TradeFilters {
     // A missing bound of a filter that is on is 0.
     static TradeFilters Load(const SettingsFile& file);
 
-    bool Pass(int32_t price, double rate, int32_t volume) const {
+    // `rateOf()` is worked out only if its filter is on.
+    template <class RateOf>
+    bool Pass(int32_t price, const RateOf& rateOf, int32_t volume) const {
         return !(bPriceFilter && (price < nPriceFrom || price > nPriceTo)) &&
-               !(bChangeFilter && (rate < dChangeFrom || rate > dChangeTo)) &&
-               !(bVolumeFilter && volume < nVolumeFrom);
+               !(bChangeFilter && !HoldsRate(rateOf())) && !(bVolumeFilter && volume < nVolumeFrom);
     }
+
+private:
+    bool HoldsRate(double rate) const { return !(rate < dChangeFrom || rate > dChangeTo); }
 };
 
 #endif
