@@ -111,7 +111,7 @@ class Worker:
                 target.parent.mkdir(parents=True, exist_ok=True)
                 shutil.copy2(ROOT / name, target)
         subprocess.run(["cmake", "-G", "Ninja", "-S", self.tree, "-B", self.build, "-DCMAKE_BUILD_TYPE=None",
-                        "-DCMAKE_CXX_FLAGS=-O1 -w", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"],
+                        "-DCMAKE_CXX_FLAGS=-O1", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"],
                        check=True, stdout=subprocess.DEVNULL)
         if not self.make(PROGRAMS) or (failed := self.first_to_fail(PROGRAMS)):
             raise SystemExit(f"{sys.argv[0]}: without any change {failed or 'the build'} fails in {self.home}")
