@@ -37,8 +37,8 @@ TEST_F(OpenOrders, DeletionsTellThePlaceAndBringChangedRows) {
         Feed(Accepted(number, 100));
     }
     Skip();
-    Feed(Filled("0000001", 10, "1000"), Filled("0000003", 10, "1000"));
-    Feed(Filled("0000002", 150, "1000"));  // above what is open
+    Feed(Filled("0000001", 10, "1000"), Filled("0000002", 1, "1000"), Filled("0000003", 10, "1000"));
+    Feed(Filled("0000002", 150, "1000"));  // above what is open; its own change leaves with it
     ExpectDeleted(1, {ExpectedRow("0000003").Filled("10", "1000").Open("90").Status("Partial"),
                       ExpectedRow("0000001").Filled("10", "1000").Open("90").Status("Partial")});
     Feed(Filled("0000001", 90, "1000"));
@@ -76,6 +76,11 @@ TEST_F(OpenOrders, APartialCancellationLeavesItsParent) {
     Feed(Cancellation("0000003", "0000001", 70, '2'));
     ExpectDeleted(0);
     ExpectDeleted(0);
+    Open(Inquiry({ExpectedRow("0000004").Status(kCancelConfirmedWord)}));
+    Feed(Filled("0000009", 1, "1"));
+    Skip();
+    Feed(Cancellation("0000004", "0000003", 70, '2'));
+    EXPECT_TRUE(Silent()) << "confirmed before";
 }
 
 TEST_F(OpenOrders, WhatComesBeforeItsAcceptanceWaitsForIt) {

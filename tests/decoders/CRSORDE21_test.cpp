@@ -133,6 +133,7 @@ TEST_F(OrderList, TheInquiryNeedsItsHeadAndExactlyItsRows) {
     Open(Inquiry({ExpectedRow("0000001")}));
     m_Screen->RefusesEveryCutOf(Inquiry({ExpectedRow("0000002")}));
     EXPECT_EQ(Init(Inquiry().substr(0, 31)), 0);
+    EXPECT_EQ(Init("O1" + std::string(kUserField) + "?" + Block("-1", "171")), 0);
     EXPECT_EQ(Init(Inquiry().substr(0, 32)), 1) << "without rows the last reserved byte may be missing";
     EXPECT_EQ(Init(Inquiry() + "more"), 1) << "and what follows is not looked at";
 }

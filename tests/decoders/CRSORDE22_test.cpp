@@ -186,6 +186,9 @@ TEST_F(FilteredOrders, TheFirstMessageHasTheInquirysRowsThatPass) {
     const std::string whole = Inquiry().With(open);
     m_Screen->RefusesEveryCutOf(whole);
     EXPECT_EQ(Init(whole + " "), 0);
+    std::string negative = Inquiry();
+    negative.replace(2 + offsetof(FilteredOrdersInit, Repeat), 4, "  -1");
+    EXPECT_EQ(Init(negative), 0);
     EXPECT_EQ(Init(Inquiry()), 1);
     Feed(Filled("0000002", 1, "1"));
     EXPECT_EQ(m_Screen->Next().substr(27, 5), "  -12") << "a refused inquiry has emptied the list";

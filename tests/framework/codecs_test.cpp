@@ -152,6 +152,8 @@ TEST(Codecs, IntegersAreReadUpToTheFirstOtherCharacter) {
     EXPECT_EQ(AsciiToInt64("99999999999", 11), 99999999999);
     EXPECT_EQ(AsciiToInt64("-9223372036854775808", 20), std::numeric_limits<int64_t>::min());
     EXPECT_EQ(AsciiToInt64("9223372036854775808", 19), std::numeric_limits<int64_t>::max());
+    EXPECT_EQ(AsciiToInt64("40000000000000000000", 20), std::numeric_limits<int64_t>::max())
+        << "wraps in 64 bits";
     EXPECT_EQ(AsciiToLong("123456", 3), 123);
 }
 

@@ -7,8 +7,10 @@
 #include <chrono>
 #include <thread>
 
+#include "framework/packet_decoder.h"
 #include "host/services.h"
 #include "tests/support/inquiries.h"
+#include "tests/support/samples.h"
 #include "tests/support/terminal.h"
 
 extern "C" int CHostRound(HWND window);
@@ -186,6 +188,42 @@ TEST_F(Module, AWindowMayStartAChartOverFromWithinItsMessage) {
     EXPECT_EQ(Init(CandleInquiry("1ASII", 'E')), 1);
     Feed(Bar("1ASII", "090300"));
     EXPECT_FALSE(m_Screen->Empty());
+}
+
+TEST_F(Module, ADecoderKnowsItsMapAndIsSilentWhereNothingChangedOrItStopped) {
+    const SampleWorld world;
+    for (const Sample& sample : Samples()) {
+        m_Screen = m_Terminal.Open(sample.Map, sample.First);
+        CRTMPacketDecoder* decoder = GetPacketDecoderInst(m_Screen->Handle());
+        EXPECT_EQ(decoder->GetMapName(), sample.Map);
+        decoder->EndUnpack();
+        EXPECT_TRUE(m_Screen->Empty()) << sample.Map;
+        for (const std::string& packet : sample.Packets) {
+            m_Terminal.Feed(packet);
+        }
+        while (!m_Screen->Empty()) {
+            m_Screen->Next();  // what leaves at once
+        }
+        m_Screen->Stop();
+        decoder->EndUnpack();
+        EXPECT_TRUE(m_Screen->Empty()) << sample.Map;
+    }
+}
+
+// The fan-out compares the first eight bytes; here all eight are those of the key. Special packets have no
+// key.
+TEST_F(Module, StocksThatDifferAtTheEndOfTheCodeAreOthers) {
+    const SampleWorld world;
+    for (const Sample& sample : Samples()) {
+        m_Screen = m_Terminal.Open(sample.Map, sample.First);
+        for (std::string packet : sample.Packets) {
+            if (packet[0] != '@' &&
+                packet.compare(1, sizeof(StockKey), Left("1ASII", sizeof(StockKey))) == 0) {
+                packet[sizeof(StockKey)] = 'X';
+                EXPECT_EQ(After(packet), "nothing") << sample.Map << ' ' << packet[0];
+            }
+        }
+    }
 }
 
 TEST_F(Module, CancelNamesTheUser) {

@@ -64,6 +64,11 @@ bool Live(BareHost& host, const Sample& sample, int64_t n, Failure failure, cons
             sample.Map == "RSFLDN01_R" ? host.World.WatchMarket() : void();
         }
         refused |= 1 - Tried(host, [&] { return screen.InitSecond(); });
+        if (sample.Map == "RSFLDN01_R") {
+            tickhost_set_tobrin_account(1);
+            refused |= 1 - Tried(host, [&] { return screen.InitFirst(); });
+            tickhost_set_tobrin_account(0);
+        }
         screen.Feed();
         BareScreen::EndBatch();
         BareScreen::EndBatch();
