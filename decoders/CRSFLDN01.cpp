@@ -106,18 +106,25 @@ bool CRSFLDN01::BuildWatchSet(WatchSet& watched) const {
     return watched.WatchGroups(m_InterestTable, {numbers, static_cast<std::size_t>(length)});
 }
 
+// What costs least is asked first: most trades of the whole market go no further.
 template <class Packet>
 int CRSFLDN01::OnTrade(const Packet& trade) {
-    if (m_Feed.Mode() != Packet::kType || !m_WatchSet.Holds(CodeOf(trade.Key)) || !HasVolume(trade)) {
+    return m_Feed.Mode() == Packet::kType && HasVolume(trade) &&
+                   m_Filters.Pass(trade.Price, trade.Volume)
+               ? ShowTrade(trade)
+               : 0;
+}
+
+template <class Packet>
+int CRSFLDN01::ShowTrade(const Packet& trade) {
+    const char* suffix = SuffixOf(trade.Key.Board);
+    if (suffix == nullptr || !m_WatchSet.Holds(CodeOf(trade.Key))) {
         return 0;
     }
     const int direction = SignToColor(nullptr, trade.Sign);
-    const auto rateOf = [&trade, direction] {
-        return BiasedRate(WrapMultiply(int32_t{direction}, trade.Change),
-                          BaseOf(trade.Price, direction, trade.Change), direction);
-    };
-    const char* suffix = SuffixOf(trade.Key.Board);
-    if (suffix == nullptr || !m_Filters.Pass(trade.Price, rateOf, trade.Volume)) {
+    const double rate = BiasedRate(WrapMultiply(int32_t{direction}, trade.Change),
+                                   BaseOf(trade.Price, direction, trade.Change), direction);
+    if (!m_Filters.PassRate(rate)) {
         return 0;
     }
     MonitorRow* row = m_Rows.Add();
@@ -135,7 +142,7 @@ int CRSFLDN01::OnTrade(const Packet& trade) {
     PutColor(row->ChangeTag, direction);
     Put(row->Change, trade.Change);
     PutColor(row->RateTag, direction);
-    Put<2>(row->Rate, rateOf());
+    Put<2>(row->Rate, rate);
     Put(row->Volume, trade.Volume);
     PutClassTag(row->Broker1ClassTag, trade.Broker1Class);
     row->Broker1Class = trade.Broker1Class;

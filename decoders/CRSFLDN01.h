@@ -30,6 +30,8 @@ public:
 private:
     template <class Packet>
     int OnTrade(const Packet& trade);
+    template <class Packet>
+    int ShowTrade(const Packet& trade);
 
     bool BuildWatchSet(WatchSet& watched) const;
     void Withdraw();

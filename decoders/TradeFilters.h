@@ -19,15 +19,13 @@ struct TradeFilters {
     // A missing bound of a filter that is on is 0.
     static TradeFilters Load(const SettingsFile& file);
 
-    // `rateOf()` is worked out only if its filter is on.
-    template <class RateOf>
-    bool Pass(int32_t price, const RateOf& rateOf, int32_t volume) const {
+    bool Pass(int32_t price, int32_t volume) const {
         return !(bPriceFilter && (price < nPriceFrom || price > nPriceTo)) &&
-               !(bChangeFilter && !HoldsRate(rateOf())) && !(bVolumeFilter && volume < nVolumeFrom);
+               !(bVolumeFilter && volume < nVolumeFrom);
     }
-
-private:
-    bool HoldsRate(double rate) const { return !(rate < dChangeFrom || rate > dChangeTo); }
+    bool PassRate(double rate) const {
+        return !(bChangeFilter && (rate < dChangeFrom || rate > dChangeTo));
+    }
 };
 
 #endif

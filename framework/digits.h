@@ -79,7 +79,27 @@ constexpr uint64_t Characters(uint64_t values, std::size_t blankBits) {
     return (values | kZeros) ^ (inFront & (kZeros ^ kSpaces));
 }
 
-// The last `len` characters of 16, with further spaces in front where that is more.
+// The last `len` characters of eight, with further spaces in front where that is more.
+template <class Length>
+void CopyTail(uint64_t text, char* dst, Length length) {
+    const std::size_t len = length;
+    if (len > 2 * kWord) {
+        std::memset(dst, ' ', len - kWord);
+        Store(dst + len - kWord, text);
+    } else if (len >= kWord) {
+        Store(dst, kSpaces);  // the text then covers what it needs of them
+        Store(dst + len - kWord, text);
+    } else if (len >= kWord / 2) {
+        Store(dst, static_cast<uint32_t>(text >> (kWord - len) * kBits));
+        Store(dst + len - kWord / 2, static_cast<uint32_t>(text >> kWord / 2 * kBits));
+    } else {
+        for (std::size_t at = 0; at < len; ++at) {
+            dst[at] = static_cast<char>(text >> (kWord - len + at) * kBits);
+        }
+    }
+}
+
+// The same of 16 characters.
 template <class Length>
 void CopyTail(uint64_t left, uint64_t right, char* dst, Length length) {
     const std::size_t len = length;
@@ -92,15 +112,8 @@ void CopyTail(uint64_t left, uint64_t right, char* dst, Length length) {
         const std::size_t more = (len - kWord) % kWord * kBits;
         Store(dst, left >> 1 >> (kWord * kBits - 1 - more) | right << more);
         Store(dst + len - kWord, right);
-    } else if (len == kWord) {
-        Store(dst, right);
-    } else if (len >= kWord / 2) {
-        Store(dst, static_cast<uint32_t>(right >> (kWord - len) * kBits));
-        Store(dst + len - kWord / 2, static_cast<uint32_t>(right >> kWord / 2 * kBits));
     } else {
-        for (std::size_t at = 0; at < len; ++at) {
-            dst[at] = static_cast<char>(right >> (kWord - len + at) * kBits);
-        }
+        CopyTail(right, dst, length);
     }
 }
 
@@ -108,29 +121,28 @@ void CopyTail(uint64_t left, uint64_t right, char* dst, Length length) {
 // it is too large or does not fit.
 template <class Magnitude, class Length>
 bool PrintMagnitude(Magnitude magnitude, bool negative, char* dst, Length len) {
-    uint64_t left = kSpaces;
-    uint64_t right = 0;
-    std::size_t digits = 0;
+    constexpr std::size_t kLongest = sizeof(Magnitude) > sizeof(uint32_t) ? 2 * kWord : 11;
+    std::size_t length = negative ? 1 : 0;
     if (magnitude < kEightDigits) {
         const uint64_t values = Split(static_cast<uint32_t>(magnitude));
         const std::size_t blank = ZerosInFront(values, 1);
-        right = Characters(values, blank);
-        digits = kWord - blank / kBits;
+        length += kWord - blank / kBits;
+        if (!AlwaysFits(len, kLongest) && length > len) {
+            return false;
+        }
+        CopyTail(Characters(values, blank), dst, len);
     } else if (magnitude < kFits16) {
         const uint64_t values = Split(static_cast<uint32_t>(magnitude / kEightDigits));
         const std::size_t blank = ZerosInFront(values, 1);
-        left = Characters(values, blank);
-        right = Split(static_cast<uint32_t>(magnitude % kEightDigits)) | kZeros;
-        digits = 2 * kWord - blank / kBits;
+        length += 2 * kWord - blank / kBits;
+        if (!AlwaysFits(len, kLongest) && length > len) {
+            return false;
+        }
+        CopyTail(Characters(values, blank), Split(static_cast<uint32_t>(magnitude % kEightDigits)) | kZeros,
+                 dst, len);
     } else {
         return false;
     }
-    constexpr std::size_t kLongest = sizeof(Magnitude) > sizeof(uint32_t) ? 2 * kWord : 11;
-    const std::size_t length = digits + (negative ? 1 : 0);
-    if (!AlwaysFits(len, kLongest) && length > len) {
-        return false;
-    }
-    CopyTail(left, right, dst, len);
     if (negative) {
         dst[len - length] = '-';
     }
@@ -308,8 +320,12 @@ inline bool ReadPaddedDecimal(const Padded16& text, double& value) {
     // Spaces in front only, one at least, and none behind the point: such a mask and the next number have no
     // bit in common.
     const uint32_t inFront = MaskOf(spaces);
+    if (inFront == kAllBytes) {
+        value = 0.0;  // no digit at all
+        return true;
+    }
     if ((inFront & (inFront + 1)) != 0 || inFront >> (place + 1) != 0 || inFront == 0 ||
-        inFront == kAllBytes || MaskOf(_mm_cmpeq_epi8(_mm_min_epu8(values, All(9)), values)) != kAllBytes) {
+        MaskOf(_mm_cmpeq_epi8(_mm_min_epu8(values, All(9)), values)) != kAllBytes) {
         return false;
     }
     alignas(kVector) char digits[kVector];

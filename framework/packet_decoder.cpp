@@ -33,21 +33,6 @@ void CRTMPacketDecoder::Release() {
     m_bChanged = 0;
 }
 
-int CRTMPacketDecoder::PutPacket(const char* packet, int length) {
-    const auto index = static_cast<unsigned char>(*packet - kFirstPacketType);
-    if (index >= kPacketTypes) {
-        return 0;
-    }
-    const PacketSlot& slot = m_Slots.Slots[index];
-    if (length != slot.Length + 1) {
-        return 0;
-    }
-    if (slot.Handler != nullptr && m_bStopped == 0) {
-        m_bChanged |= slot.Handler(*this, packet + 1);
-    }
-    return 1;
-}
-
 void CRTMPacketDecoder::EndUnpack() {
     if (m_bChanged != 0 && m_bStopped == 0) {
         // Cleared first, so that a change made from within the window's message is sent too.

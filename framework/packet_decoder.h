@@ -131,6 +131,21 @@ private:
     CRtmPtrList m_ViewQueue;
 };
 
+inline int CRTMPacketDecoder::PutPacket(const char* packet, int length) {
+    const auto index = static_cast<unsigned char>(*packet - kFirstPacketType);
+    if (index >= kPacketTypes) {
+        return 0;
+    }
+    const PacketSlot& slot = m_Slots.Slots[index];
+    if (length != slot.Length + 1) {
+        return 0;
+    }
+    if (slot.Handler != nullptr && m_bStopped == 0) {
+        m_bChanged |= slot.Handler(*this, packet + 1);
+    }
+    return 1;
+}
+
 // ---- how a class names its handlers
 //
 // A handler is a member `int OnX(const XPacket&)`. It says all: type char and length come from the packet,
