@@ -109,8 +109,7 @@ bool CRSFLDN01::BuildWatchSet(WatchSet& watched) const {
 // What costs least is asked first: most trades of the whole market go no further.
 template <class Packet>
 int CRSFLDN01::OnTrade(const Packet& trade) {
-    return m_Feed.Mode() == Packet::kType && HasVolume(trade) &&
-                   m_Filters.Pass(trade.Price, trade.Volume)
+    return m_Feed.Mode() == Packet::kType && HasVolume(trade) && m_Filters.Pass(trade.Price, trade.Volume)
                ? ShowTrade(trade)
                : 0;
 }

@@ -23,9 +23,7 @@ struct TradeFilters {
         return !(bPriceFilter && (price < nPriceFrom || price > nPriceTo)) &&
                !(bVolumeFilter && volume < nVolumeFrom);
     }
-    bool PassRate(double rate) const {
-        return !(bChangeFilter && (rate < dChangeFrom || rate > dChangeTo));
-    }
+    bool PassRate(double rate) const { return !(bChangeFilter && (rate < dChangeFrom || rate > dChangeTo)); }
 };
 
 #endif

@@ -70,13 +70,18 @@ tickmux_handle CRTMMapManager::RegistMapDecoder(HWND hWnd, const char* mapName) 
     if (decoder == nullptr) {
         return 0;
     }
-    std::unique_ptr<tagMAPINFO> map(new (std::nothrow) tagMAPINFO{std::move(decoder), nullptr, nullptr});
+    std::unique_ptr<tagMAPINFO> map(new (std::nothrow) tagMAPINFO{std::move(decoder)});
     if (map == nullptr || RegistPacketType(map.get(), map->pDecoder->GetPacketTypes()) == 0) {
         return 0;
     }
     const MutexGuard guard(m_szMutexName);
-    Link(map.get());
-    return reinterpret_cast<tickmux_handle>(map.release());
+    tagMAPINFO** place = m_MapList.Append();
+    if (place == nullptr) {
+        RemoveFromTypeLists(map->pDecoder.get());
+        return 0;
+    }
+    *place = map.release();
+    return reinterpret_cast<tickmux_handle>(*place);
 }
 
 int CRTMMapManager::RegistPacketType(tagMAPINFO* map, const char* types) {
@@ -104,7 +109,7 @@ int CRTMMapManager::UnregistMapDecoder(tickmux_handle handle) {
         RemoveFromTypeLists(map->pDecoder.get());
     }
     const MutexGuard guard(m_szMutexName);
-    Unlink(map);
+    RemoveFromMapList(map);
     delete map;
     return 1;
 }
@@ -158,22 +163,21 @@ void CRTMMapManager::ClearMap() {
         }
     }
     const MutexGuard guard(m_szMutexName);
-    while (m_pFirstMap != nullptr) {
-        tagMAPINFO* map = m_pFirstMap;
-        Unlink(map);
+    while (!m_MapList.Empty()) {
+        tagMAPINFO* map = m_MapList[0];
+        RemoveFromMapList(map);
         delete map;
     }
 }
 
-void CRTMMapManager::Link(tagMAPINFO* map) {
-    map->pPrevious = m_pLastMap;
-    (m_pLastMap == nullptr ? m_pFirstMap : m_pLastMap->pNext) = map;
-    m_pLastMap = map;
-}
-
-void CRTMMapManager::Unlink(tagMAPINFO* map) {
-    (map->pPrevious == nullptr ? m_pFirstMap : map->pPrevious->pNext) = map->pNext;
-    (map->pNext == nullptr ? m_pLastMap : map->pNext->pPrevious) = map->pPrevious;
+// A window may close screens from within a batch end, which then goes on with the one that follows.
+void CRTMMapManager::RemoveFromMapList(tagMAPINFO* map) {
+    tagMAPINFO** const first = m_MapList.Data();
+    const auto place = static_cast<std::size_t>(std::find(first, first + m_MapList.Size(), map) - first);
+    m_MapList.Remove(map);
+    for (BatchEnd* end = m_pBatchEnd; end != nullptr; end = end->pOuter) {
+        end->nNext -= place < end->nNext ? 1 : 0;
+    }
 }
 
 void CRTMMapManager::RemoveFromTypeLists(CRTMPacketDecoder* decoder) {
@@ -207,13 +211,17 @@ int CRTMMapManager::PutRTMPacket(const char* packet, int length) {
 }
 
 void CRTMMapManager::EndRTMUnpack() {
-    for (tagMAPINFO* map = m_pFirstMap; map != nullptr;) {
-        tagMAPINFO* next = map->pNext;
-        if (map->pDecoder->HasChanged()) {
-            map->pDecoder->EndUnpack();
+    BatchEnd end{0, m_pBatchEnd};
+    m_pBatchEnd = &end;
+    for (std::size_t next = 0; next < m_MapList.Size();) {
+        CRTMPacketDecoder* decoder = m_MapList[next++]->pDecoder.get();
+        if (decoder->HasChanged()) {
+            end.nNext = next;
+            decoder->EndUnpack();
+            next = end.nNext;
         }
-        map = next;
     }
+    m_pBatchEnd = end.pOuter;
 }
 
 // ------------------------------------------------------------------ subscription requests

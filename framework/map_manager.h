@@ -29,8 +29,6 @@ extern const DecoderFactoryEntry g_DecoderFactories[];
 // One registered map. Its address is the handle.
 struct tagMAPINFO {
     std::unique_ptr<CRTMPacketDecoder> pDecoder;
-    tagMAPINFO* pPrevious;
-    tagMAPINFO* pNext;
 };
 
 class TICKMUX_API CRTMMapManager {
@@ -65,14 +63,19 @@ protected:
 
 private:
     int SendCode(int32_t operation, const char* code, int codeLen, char chClass, uint32_t flags);
-    void Link(tagMAPINFO* map);
-    void Unlink(tagMAPINFO* map);
+    void RemoveFromMapList(tagMAPINFO* map);
     void RemoveFromTypeLists(CRTMPacketDecoder* decoder);
+
+    // A walk over the maps; a window that closes a batch from within its message begins one within another.
+    struct BatchEnd {
+        std::size_t nNext;
+        BatchEnd* pOuter;
+    };
 
     static constexpr std::size_t kMutexNameRoom = 20;
 
-    tagMAPINFO* m_pFirstMap = nullptr;  // in order of registration
-    tagMAPINFO* m_pLastMap = nullptr;
+    PlainArray<tagMAPINFO*> m_MapList;  // in order of registration; the manager owns what they point to
+    BatchEnd* m_pBatchEnd = nullptr;    // the innermost that runs
     char m_szMutexName[kMutexNameRoom] = "";
     char m_szTypeMutexName[kMutexNameRoom] = "";
     bool m_bQueryEnabled;                                     // the user's grade allows subscriptions

@@ -124,6 +124,7 @@ public:
                 left = m_Script.nBatch;
             }
         }
+        tickhost_pump_messages();  // what was posted, as a terminal's own loop does
     }
 
     // What the windows get in one pass and a batch end, all in order.

@@ -99,8 +99,18 @@ TEST_F(Module, ServesMapsInOrderOfRegistrationAlsoAfterOneHasGone) {
     screens[0]->Unregister();
     screens[3]->Unregister();
     EXPECT_EQ(batch(), "2");
-    screens.push_back(m_Terminal.Open("RSTICK11_R", TickInquiry("1ASII")));
-    EXPECT_EQ(batch(), "24");
+    while (screens.size() < 7) {
+        screens.push_back(m_Terminal.Open("RSTICK11_R", TickInquiry("1ASII")));
+    }
+    EXPECT_EQ(batch(), "2456");
+    order.clear();
+    screens[4]->OnNextMessage([&] {
+        screens[2]->Unregister();
+        screens[5]->Unregister();
+    });
+    screens[6]->OnNextMessage([&order] { order += '6'; });
+    Batch(Trade("1ASII"));
+    EXPECT_EQ(order, "6") << "who comes behind closed screens is told all the same";
 }
 
 TEST_F(Module, LifecycleCallsFreeWhatWaits) {
