@@ -19,8 +19,12 @@ int CRSTICK11::Init(const char* buffer) {
     m_Front.Tag = in.Tag();
     StockKey key;
     TickRow newest[1];
+    if (!in.Read(key) || !in.Read(m_Front.Head)) {
+        return 0;
+    }
+    m_bHeadIsDue = false;
     // The head is taken even if what follows fails; key, subscription and rows are not.
-    if (!in.Read(key) || !in.Read(m_Front.Head) || !in.ReadRepeatBlock(newest) || !in.AtEnd()) {
+    if (!in.ReadRepeatBlock(newest) || !in.AtEnd()) {
         return 0;
     }
     // Without a row, or without a date in it, the day is the machine's own.
@@ -44,8 +48,9 @@ int CRSTICK11::OnTradePacket(const TradePacket& trade) {
     if (row == nullptr) {
         return 0;
     }
-    Put(m_Front.Head.Price, trade.Price);
-    Put(m_Front.Head.Quantity, trade.TotalVolume);
+    m_nPrice = trade.Price;
+    m_nTotalVolume = trade.TotalVolume;
+    m_bHeadIsDue = true;
     Put(row->Date, m_Date);
     Put(row->Time, trade.Time);
     Put(row->Price, trade.Price);
@@ -53,7 +58,13 @@ int CRSTICK11::OnTradePacket(const TradePacket& trade) {
     return 1;
 }
 
+// The head shows the latest trade: it is printed once for all rows of a batch.
 void CRSTICK11::EndUnpack() {
+    if (m_bHeadIsDue) {
+        Put(m_Front.Head.Price, m_nPrice);
+        Put(m_Front.Head.Quantity, m_nTotalVolume);
+        m_bHeadIsDue = false;
+    }
     SendRows(m_Front, m_Ticks);
 }
 

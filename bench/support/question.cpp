@@ -37,6 +37,9 @@ int Ask(int argc, char** argv, const std::vector<Question>& questions) {
     for (const Question& question : questions) {
         Register(question.What + "/plain", question, question.Plain);
         Register(question.What + "/module", question, question.Module);
+        if (question.Floor) {
+            Register(question.What + "/floor", question, question.Floor);
+        }
     }
     benchmark::RunSpecifiedBenchmarks();
     return 0;

@@ -17,10 +17,11 @@ struct Question {
     int64_t Items;  // in one pass
     std::function<void()> Plain;
     std::function<void()> Module;
+    std::function<void()> Floor = nullptr;  // what neither form can leave out, alone; null: not asked
 };
 
 // The exit status of a program that asks them. Benchmark's own options count; each question gives
-// "What/plain" and "What/module" with the aim as a counter.
+// "What/plain" and "What/module", and "What/floor" if there is one, with the aim as a counter.
 int Ask(int argc, char** argv, const std::vector<Question>& questions);
 
 // Ends the program with a message: what was to be compared is not the same.

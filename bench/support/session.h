@@ -11,6 +11,8 @@
 #include "bench/support/question.h"
 #include "framework/shapes.h"
 #include "framework/tickmux.h"
+#include "host/platform.h"
+#include "host/services.h"
 #include "host/tickhost.h"
 
 namespace bench {
@@ -33,6 +35,8 @@ struct Script {
     std::size_t nBatch = 1;       // packets in a batch; 0: no batch ends
     std::shared_ptr<void> World;  // what the screens read when they open
 };
+
+using Buffers = std::vector<std::string>;
 
 class ModuleForm {
 public:
@@ -128,7 +132,7 @@ public:
     }
 
     // What the windows get in one pass and a batch end, all in order.
-    std::string Sent() {
+    Buffers Sent() {
         m_bKeeping = true;
         Pass();
         m_Form.EndBatch();
@@ -150,7 +154,7 @@ private:
         int length = 0;
         if (message == WM_TICKMUX_VIEW && Form::Take(reinterpret_cast<void*>(wParam), &data, &length)) {
             if (session.m_bKeeping) {
-                session.m_Sent.append(data, static_cast<std::size_t>(length) + view.nTagBytes).append("\n");
+                session.m_Sent.emplace_back(data, static_cast<std::size_t>(length) + view.nTagBytes);
             }
             Form::Free(data);
         }
@@ -163,18 +167,63 @@ private:
     std::vector<HWND> m_Windows;
     std::vector<std::unique_ptr<char[]>> m_Scattered;  // lies between the decoders
     bool m_bKeeping = false;
-    std::string m_Sent;
+    Buffers m_Sent;
 };
 
-// The script as a question; nothing is asked before both forms have sent the same, byte for byte.
+// Sends the same buffers without deciding or printing anything: allocates and copies each, queues it, tells a
+// window, which fetches and frees it.
+class Sending {
+public:
+    explicit Sending(Buffers buffers)
+        : m_Buffers(std::move(buffers)), m_Window(tickhost_create_window(&Procedure, nullptr)) {}
+    ~Sending() { tickhost_destroy_window(m_Window); }
+    Sending(const Sending&) = delete;
+    Sending& operator=(const Sending&) = delete;
+
+    void Pass() {
+        for (const std::string& buffer : m_Buffers) {
+            if (IsWindow(m_Window) != FALSE) {
+                auto* item = new ViewItem;
+                item->pData = new char[buffer.size()];
+                item->nLen = static_cast<int32_t>(buffer.size());
+                std::memcpy(item->pData, buffer.data(), buffer.size());
+                m_Queue.AddTail(item);
+                SendNotifyMessageA(m_Window, WM_TICKMUX_VIEW, reinterpret_cast<WPARAM>(&m_Queue), 0);
+            }
+        }
+    }
+
+private:
+    static intptr_t Procedure(void* /*context*/, HWND /*window*/, uint32_t /*message*/, uintptr_t wParam,
+                              intptr_t /*lParam*/) {
+        char* data = nullptr;
+        int length = 0;
+        if (tickhost_take_view_item(reinterpret_cast<void*>(wParam), &data, &length) != 0) {
+            tickhost_free_view_data(data);
+        }
+        return 0;
+    }
+
+    Buffers m_Buffers;
+    HWND m_Window;
+    CRtmPtrList m_Queue;
+};
+
+// The script as a question; nothing is asked before both forms have sent the same, byte for byte. The floor
+// is the sending alone.
 inline Question Compare(const std::string& what, double aim, const Script& script) {
     auto plainForm = std::make_shared<Session<PlainForm>>(script);
     auto module = std::make_shared<Session<ModuleForm>>(script);
-    if (plainForm->Sent() != module->Sent()) {
+    const Buffers sent = module->Sent();
+    if (plainForm->Sent() != sent) {
         Differ(what);
     }
-    return {what, aim, static_cast<int64_t>(script.Feed.size()), [plainForm] { plainForm->Pass(); },
-            [module] { module->Pass(); }};
+    Question question{what, aim, static_cast<int64_t>(script.Feed.size()), [plainForm] { plainForm->Pass(); },
+                      [module] { module->Pass(); }};
+    if (!sent.empty()) {
+        question.Floor = [sending = std::make_shared<Sending>(sent)] { sending->Pass(); };
+    }
+    return question;
 }
 
 }  // namespace bench
