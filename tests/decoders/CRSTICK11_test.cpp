@@ -28,8 +28,6 @@ TEST_F(StockTicks, RowsOfABatchLeaveTogetherBehindTheLatestFigures) {
     Expect("T1" + Head("A2", "1010", "-7"),
            {Row("090000", "1005", "3"), Row("090001", "1010", "2147483647")});
     EXPECT_TRUE(Silent());
-    Feed(Trade("1ASII").Time("090002").Price(0).Volume(-1).TotalVolume(0));
-    Expect("T1" + Head("A2", "0", "0"), {Row("090002", "0", "-1")});
 }
 
 TEST_F(StockTicks, TheDateIsTheInquirysOrElseTheMachines) {
@@ -47,43 +45,23 @@ TEST_F(StockTicks, TheDateIsTheInquirysOrElseTheMachines) {
     EXPECT_EQ(dateOf(head + Block("1", "40", Left("20261121", 40))), "20261121") << "a longer one is cut";
 }
 
-TEST_F(StockTicks, AnotherInquiryDropsTheRowsAndMovesTheSubscription) {
-    Open(TickInquiry("1ASII"));
-    Feed(Trade("1ASII"));
-    Told();
-    EXPECT_EQ(Init(TickInquiry("1BBCA").Tag("T2")), 1);
-    EXPECT_EQ(Told(), (Events{Added('1', "1BBCA", "80000000"), Deleted('1', "1ASII", "80000000")}));
-    EXPECT_EQ(After(Trade("1ASII")), "nothing");
-    Feed(Trade("1BBCA").Price(5).TotalVolume(6));
-    Expect("T2" + Head("A2", "5", "6"), {Row("090000", "5", "1")});
-    Told();
-
-    Feed(Trade("1BBCA"));
-    m_Screen->Stop();
-    EXPECT_TRUE(Silent());
-    EXPECT_EQ(Told(), Events{}) << "a stop keeps the subscription";
-    EXPECT_EQ(Init(TickInquiry("1BBCA")), 1);
-    EXPECT_TRUE(Silent());
-    EXPECT_EQ(Told(), (Events{Added('1', "1BBCA", "80000000"), Deleted('1', "1BBCA", "80000000")}));
-    m_Screen->Release();
-    EXPECT_EQ(Told(), Events{Deleted('1', "1BBCA", "80000000")});
-    m_Screen->Unregister();
-    EXPECT_EQ(Told(), Events{});
-}
-
-TEST_F(StockTicks, ARefusedInquiryKeepsStockAndRows) {
+TEST_F(StockTicks, ARefusedInquiryKeepsStockAndRowsAndAnotherDropsThem) {
     Open(TickInquiry("1ASII"));
     Feed(Trade("1ASII").Price(1005).TotalVolume(9));
     Told();
-    const std::string whole = TickInquiry("1OTHER").Tag("T2");
-    m_Screen->RefusesEveryCutOf(whole);
-    EXPECT_EQ(Init(whole + "x"), 0) << "nothing may follow the row";
     EXPECT_EQ(Init(TickInquiry("1OTHER").Tag("T2").Dates({"20261120", "20261121"})), 0);
     EXPECT_EQ(Told(), Events{});
     // The row still leaves, behind the tag and head that the refused text brought.
     Expect("T2" + Head(".."), {Row("090000", "1005", "1")});
+    Feed(Trade("1ASII"));
     EXPECT_EQ(Init(TickInquiry("1BBCA")), 1);
     EXPECT_EQ(Told(), (Events{"view", Added('1', "1BBCA", "80000000"), Deleted('1', "1ASII", "80000000")}));
+    EXPECT_EQ(After(Trade("1ASII")), "nothing");
+    Feed(Trade("1BBCA"));
+    m_Screen->Stop();
+    EXPECT_TRUE(Silent());
+    EXPECT_EQ(Init(TickInquiry("1BBCA")), 1);
+    EXPECT_TRUE(Silent());
 }
 
 }  // namespace

@@ -57,32 +57,15 @@ TEST_F(VolumeByPrice, TheInquirysRowsKeepTheirOrderAndTheFirstOfAPriceCounts) {
 TEST_F(VolumeByPrice, RowsOfAnInquiryLieWithinItsText) {
     const std::string row = Row("1", "1000", "1", "1", "1");
     Open(Inquiry("1ASII", {row}));
-    m_Terminal.Events();
     for (const char* count : {"2", "9999", "-1"}) {
         EXPECT_EQ(Init("V1" + Left("1OTHER", 19) + Block(count, "62", row)), 0) << count;
     }
-    m_Screen->RefusesEveryCutOf(Inquiry("1OTHER", {row}));
-    EXPECT_EQ(m_Terminal.Events(), Events{});
     EXPECT_EQ(Init(Inquiry("1ASII", {row, row.substr(0, 32)}, "32")), 1);
     Traded(1000, 1);
     Expect(
         {row.substr(0, 17) + Right("2", 15) + Right("1", 15) + Right("10", 15), Left(row.substr(0, 32), 62)});
     EXPECT_EQ(Init(Inquiry("1ASII", {row, row}, "9999")), 1) << "no more than a row's width is read";
     EXPECT_EQ(Init(Inquiry("1ASII", {row}, "-62")), 1);
-}
-
-TEST_F(VolumeByPrice, StopEndsTheTableAndReleaseTheSubscription) {
-    Open(Inquiry("1ASII"));
-    Traded(1000, 1);
-    m_Screen->Stop();
-    EXPECT_EQ(Init(Inquiry("1BBCA")), 1);
-    EndBatch();
-    EXPECT_EQ(m_Terminal.Events(),
-              (Events{Added('1', "1ASII", "80000000"), "list", Added('1', "1BBCA", "80000000"),
-                      Deleted('1', "1ASII", "80000000")}));
-    m_Screen->Release();
-    m_Screen->Unregister();
-    EXPECT_EQ(m_Terminal.Events(), Events{Deleted('1', "1BBCA", "80000000")});
 }
 
 TEST_F(VolumeByPrice, AWindowMayEndTheTableWhenItHearsOfARow) {

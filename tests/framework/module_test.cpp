@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <functional>
+#include <set>
 #include <thread>
 
 #include "framework/packet_decoder.h"
@@ -101,6 +103,47 @@ TEST_F(Module, ServesMapsInOrderOfRegistrationAlsoAfterOneHasGone) {
     EXPECT_EQ(batch(), "2");
     screens.push_back(m_Terminal.Open("RSTICK11_R", TickInquiry("1ASII")));
     EXPECT_EQ(batch(), "24");
+}
+
+// The deletes that take back these adds.
+Events Withdrawals(const Events& told) {
+    Events deletes;
+    for (const std::string& event : told) {
+        if (event.starts_with("add ")) {
+            deletes.push_back("delete " + event.substr(4));
+        }
+    }
+    return deletes;
+}
+
+bool IsDelete(const std::string& event) {
+    return event.starts_with("delete ");
+}
+
+TEST_F(Module, EveryMapRefusesCutTextsAddsBeforeItDeletesAndWithdrawsAllOnce) {
+    const SampleWorld world;
+    const std::set<std::string> takeMore = {"RINTIK11_R", "RRNEWS01_R", "RSDONE01_R",
+                                            "RSETFNAV_R", "RSFLDN01_R", "RSTRBK01_R"};
+    for (const Sample& sample : Samples()) {
+        SCOPED_TRACE(sample.Map);
+        m_Screen = m_Terminal.Open(sample.Map, sample.First);
+        const Events first = Told();
+        m_Screen->RefusesEveryCutOf(sample.Second);
+        const bool takesMore = takeMore.contains(sample.Map);
+        EXPECT_TRUE(takesMore || Init(sample.Second + " ") == 0);
+        EXPECT_EQ(Told(), Events{});
+        EXPECT_EQ(Init(sample.Second + (takesMore ? " " : "")), 1);
+        const Events moved = Told();
+        EXPECT_TRUE(std::is_partitioned(moved.begin(), moved.end(), std::not_fn(IsDelete)));
+        EXPECT_EQ(Events(std::find_if(moved.begin(), moved.end(), IsDelete), moved.end()),
+                  Withdrawals(first));
+        m_Screen->Stop();
+        EXPECT_EQ(Told(), Events{}) << "a stop keeps what is asked for";
+        m_Screen->Release();
+        EXPECT_EQ(Told(), Withdrawals(moved));
+        m_Screen->Unregister();
+        EXPECT_EQ(Told(), Events{});
+    }
 }
 
 TEST_F(Module, LifecycleCallsFreeWhatWaits) {
