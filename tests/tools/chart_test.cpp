@@ -2,14 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
+#include <cstdio>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "framework/packets.h"
-#include "tests/tools/tool_runs.h"
-#include "tools/capture.h"
+#include "tests/tools/sessions.h"
 #include "tools/screens/candle_chart.h"
 #include "tools/text.h"
 
@@ -56,17 +54,15 @@ TEST(CandleChart, DecimalsAndAColumnForEachTime) {
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 14) << text;
 }
 
-class ChartReplay : public testing::Test {
+class ChartReplay : public FeedSession {
 protected:
     using Candle = std::vector<std::string>;  // time, open, high, low, close, volume
 
     // What the charts' tables hold, chart by chart.
     std::vector<std::vector<Candle>> Replay(const std::string& workspace) const {
-        const Outcome outcome =
-            RunTool("tickreplay", "--rows 1000 " + m_Folder.File("charts", workspace) + " " + m_Capture);
-        EXPECT_EQ(outcome.Status, 0) << outcome.Text;
+        const std::string files = m_Folder.Write("charts", workspace) + " " + m_Folder.Path("session.pcap");
+        std::istringstream lines(RunTool("tickreplay", "--rows 1000 " + files).Text);
         std::vector<std::vector<Candle>> charts;
-        std::istringstream lines(outcome.Text);
         for (std::string line; std::getline(lines, line);) {
             std::istringstream words(line);
             std::string date;
@@ -81,80 +77,43 @@ protected:
         }
         return charts;
     }
-
-    // Calls `take` for each packet of a type with a key.
-    template <class Packet, class Take>
-    void Each(const std::string& key, Take take) const {
-        tools::CaptureReader capture(m_Capture);
-        tools::CaptureRecord record;
-        while (capture.Next(record)) {
-            if (!record.EndsBatch() && record.Bytes[0] == Packet::kType &&
-                std::string_view(record.Bytes + 1, key.size()) == key) {
-                take(*reinterpret_cast<const Packet*>(record.Bytes + 1));
-            }
-        }
-    }
-
-    const ScratchFolder m_Folder;
-    const std::string m_Capture = m_Folder.Path("c.pcap");
-    const Outcome m_Made = RunTool("feedgen", "--minutes 30 --output " + m_Capture);
 };
 
+std::string Thousandths(int32_t value) {
+    char text[16];
+    std::snprintf(text, sizeof(text), "%.3f", value / kIndexScale);
+    return text;
+}
+
 TEST_F(ChartReplay, CandlesAreTheBars) {
-    struct Bar {
-        int32_t Open;
-        int32_t High;
-        int32_t Low;
-        int32_t Close;
-        int32_t Volume;
-    };
     std::vector<Candle> minutes;
-    std::vector<Candle> threes;
-    const auto candle = [](const std::string& time, const Bar& bar) {
-        return Candle{time,
-                      std::to_string(bar.Open),
-                      std::to_string(bar.High),
-                      std::to_string(bar.Low),
-                      std::to_string(bar.Close),
-                      std::to_string(bar.Volume)};
-    };
-    Bar three{};
-    Each<BarPacket>("1ASII ", [&](const BarPacket& bar) {
-        const std::string time(bar.Time, sizeof(bar.Time));
-        minutes.push_back(candle(time, {bar.Open, bar.High, bar.Low, bar.Close, bar.Volume}));
-        if (minutes.size() % 3 == 1) {
-            three = {bar.Open, bar.High, bar.Low, 0, 0};
-        }
-        three.High = std::max<int32_t>(three.High, bar.High);
-        three.Low = std::min<int32_t>(three.Low, bar.Low);
-        three.Close = bar.Close;
-        three.Volume += bar.Volume;
-        if (minutes.size() % 3 == 0) {
-            threes.push_back(candle(time, three));
-        }
-    });
     std::vector<Candle> values;
-    Each<IndexBarPacket>("COMP", [&](const IndexBarPacket& bar) {
-        char value[16];
-        std::snprintf(value, sizeof(value), "%.3f", bar.Index / kIndexScale);
-        values.push_back(
-            {std::string(bar.Time, sizeof(bar.Time)), value, value, value, std::to_string(bar.Volume)});
+    std::size_t ticks = 0;
+    Each("--minutes 30", [&](const tools::CaptureRecord& record) {
+        if (const auto* bar = As<BarPacket>(record); bar != nullptr && Text(bar->Key.Code) == "ASII      ") {
+            Candle candle = {Text(bar->Time)};
+            for (const int32_t figure : {bar->Open, bar->High, bar->Low, bar->Close, bar->Volume}) {
+                candle.push_back(std::to_string(figure));
+            }
+            minutes.push_back(candle);
+        } else if (const auto* value = As<IndexBarPacket>(record);
+                   value != nullptr && Text(value->Key.IndexCode) == "COMP") {
+            const std::string index = Thousandths(value->Index);
+            values.push_back({Text(value->Time), index, index, index, std::to_string(value->Volume)});
+        } else if (const auto* trade = As<TradePacket>(record);
+                   trade != nullptr && Text(trade->Key.Code) == "ASII      ") {
+            ticks += trade->Volume == 0 ? 0 : 1;
+        }
     });
     ASSERT_EQ(minutes.size(), 30U);
-    ASSERT_EQ(values.size(), 30U);
-
-    auto charts =
-        Replay("RSCAND11_R 1ASII\nRSCAND11_R 1ASII Period=E\nRICAND11_R COMP\nRSCAND11_R 1ASII Period=A\n");
-    ASSERT_EQ(charts.size(), 4U);
+    auto charts = Replay("RSCAND11_R 1ASII\nRICAND11_R COMP\nRSCAND11_R 1ASII Period=A\n");
+    ASSERT_EQ(charts.size(), 3U);
     EXPECT_EQ(charts[0], minutes);
-    EXPECT_EQ(charts[1], threes);
-    for (Candle& sent : charts[2]) {
+    for (Candle& sent : charts[1]) {
         sent.erase(sent.begin() + 4);  // the close is the latest update's
     }
-    EXPECT_EQ(charts[2], values);
-    int ticks = 0;
-    Each<TradePacket>("1ASII ", [&ticks](const TradePacket& trade) { ticks += trade.Volume == 0 ? 0 : 1; });
-    EXPECT_EQ(charts[3].size(), static_cast<std::size_t>(std::min(ticks, 1000)));
+    EXPECT_EQ(charts[1], values);
+    EXPECT_EQ(charts[2].size(), std::min<std::size_t>(ticks, 1000));
 }
 
 }  // namespace

@@ -121,7 +121,7 @@ TEST_F(PanelTest, BookAsALadderAndBoardWithAlarms) {
     EndBatch();
     File("InterestAlarm.ini", "[ALARM007-002]\ndecreased price=1006\nincreased price=995\n");
     const ScratchFolder data;
-    data.File("EnvVar.ini", "[USER_TABLE_HOGARECT]\nUSE=0\n");
+    data.Write("EnvVar.ini", "[USER_TABLE_HOGARECT]\nUSE=0\n");
     const std::string book = "RSODER01_R 1ASII Row1.Side1.Price=995 Row1.Side1.Qty=52 Row1.Side2.Qty=9\n";
     const std::string front =
         "RSODER01_R 1ASII: 2 messages, 22 rows\n"

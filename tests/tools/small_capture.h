@@ -31,14 +31,14 @@ protected:
 
     // Beside the workspace.
     std::string File(const std::string& name, const std::string& content) const {
-        return m_Folder.File(name, content);
+        return m_Folder.Write(name, content);
     }
 
     // The images.
     std::string Replay(const std::string& options, const std::string& workspace) {
         m_Writer.reset();
         const Outcome outcome = RunTool(
-            "tickreplay", options + " " + m_Folder.File("w", workspace) + " " + m_Folder.Path("p.pcap"));
+            "tickreplay", options + " " + m_Folder.Write("w", workspace) + " " + m_Folder.Path("p.pcap"));
         EXPECT_EQ(outcome.Status, 0);
         const std::size_t end = outcome.Text.find("Summary\n");
         Summary = outcome.Text.substr(end);
