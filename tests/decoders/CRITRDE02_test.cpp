@@ -39,18 +39,9 @@ TEST_F(IndexBoard, ChangedRowsLeaveInBoardOrderOnceABatch) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(IndexBoard, ARefusedInquiryKeepsTheBoardAndTheNextForgetsItsChanges) {
-    Open(Inquiry({"AAAA", "BBBB"}));
-    Feed(IndexUpdate("AAAA"));
-    Told();
-    for (const std::string& refused :
-         {Inquiry({}), Inquiry({"BBBB", "CCCC"}, "133"), "B1" + Block("-1", "134")}) {
-        EXPECT_EQ(Init(refused), 0) << refused;
-    }
-    EXPECT_EQ(Init(Inquiry({"BBBB"})), 1);
-    EXPECT_EQ(Told(), (Events{Added('A', "BBBB", kBoard), Deleted('A', "AAAA", kBoard),
-                              Deleted('A', "BBBB", kBoard)}));
-    EXPECT_TRUE(Silent());
+TEST_F(IndexBoard, RefusesNoRowsAndRowsOfAnotherSize) {
+    Open(Inquiry({"AAAA"}));
+    EXPECT_EQ(Init(Inquiry({})) + Init(Inquiry({"BBBB"}, "133")) + Init("B1" + Block("-1", "134")), 0);
 }
 
 }  // namespace

@@ -39,20 +39,6 @@ TEST_F(NewsScreen, AHeadlineIsARowWithTheLabelOfItsCategory) {
     }
 }
 
-TEST_F(NewsScreen, TheSelectorTakesWhatBeginsLikeIt) {
-    const auto taken = [this](char selector) {
-        Open(Inquiry(selector));
-        std::string categories;
-        for (const char* category : {"1x", "2x", "9x", "0x", "5x"}) {
-            categories += After(News(category)) == "nothing" ? "" : category;
-        }
-        return categories;
-    };
-    EXPECT_EQ(taken('0'), "1x2x9x0x5x");
-    EXPECT_EQ(taken('1') + taken('2') + taken('9'), "1x2x9x");
-    EXPECT_EQ(taken('5') + taken(' '), "");
-}
-
 TEST_F(NewsScreen, ABurstDrainsOneHeadlineABatchEnd) {
     Open(Inquiry('0'));
     constexpr int kBurst = 1000;

@@ -46,13 +46,4 @@ TEST_F(FundValues, OtherFundsAndLargerKindsChangeNothing) {
     Expect("N1", {"4 0.00", "1 1001.25", "4 998.50"});
 }
 
-TEST_F(FundValues, AnotherInquiryStartsOver) {
-    Open(NavInquiry("1FUND"));
-    After(Nav("1FUND").Value1("5"));
-    EXPECT_EQ(Init(NavInquiry("1OTHER").Tag("N2")), 1);
-    EXPECT_EQ(After(Nav("1FUND").Value1("5")), "nothing");
-    Feed(Nav("1OTHER").Kind("1").Value1("1").Value2("2"));
-    Expect("N2", {"", "4 1.00", "4 2.00"});
-}
-
 }  // namespace

@@ -113,12 +113,6 @@ TEST_F(TradeMonitor, TheWholeMarketsFeedIsOnFromTheFirstMonitorToTheLast) {
         EXPECT_EQ(Told(), Events{"view"}) << "between the first and the last they only count";
     }
     EXPECT_EQ(Told(), Events{kMarketOff}) << "a map that goes without a release";
-    EXPECT_EQ(Init(kInquiry), 1);
-    Settings("[TRADE_MONITOR]\nALL=0\n");
-    Told();
-    EXPECT_EQ(Init(kInquiry), 1);
-    EXPECT_EQ(Told(), Events{kMarketOff}) << "nothing is watched";
-    EXPECT_EQ(RowsOf(CompactTrade("1ASII")), 0U);
 }
 
 TEST_F(TradeMonitor, AnIndustryAccountWatchesItsList) {
@@ -129,10 +123,6 @@ TEST_F(TradeMonitor, AnIndustryAccountWatchesItsList) {
     const Rows keys = {"1AAAA", "2AAAA", "3AAAA", "1TOOLONGACO", "2TOOLONGACO", "3TOOLONGACO"};
     EXPECT_EQ(Told()[0], Listed(keys));
     EXPECT_EQ(RowsOf(Trade("1AAAA"), Trade("1TOOLONGACO")), 1U);
-    tickhost_set_industry(0, 2, codes, codes);
-    EXPECT_EQ(Init(kInquiry), 1);
-    EXPECT_EQ(Told().size(), 1U + 6) << "only the former ones are withdrawn";
-    EXPECT_EQ(RowsOf(Trade("1AAAA")), 0U);
 }
 
 TEST_F(TradeMonitor, FiltersHaveInclusiveBoundsAndAreReadAnew) {
@@ -159,12 +149,6 @@ TEST_F(TradeMonitor, WithoutMasterDataTheFormerStocksStayAskedFor) {
     EXPECT_EQ(Init(kInquiry), 0);
     m_Screen->Release();
     EXPECT_EQ(Told(), Events{});
-    tickhost_set_master(0, -1, nullptr, nullptr, nullptr);
-    Master(3, {});
-    Settings("");
-    EXPECT_EQ(Init(kInquiry), 0);
-    OpenGroups("012");
-    EXPECT_EQ(RowsOf(Trade("1ASII")), 1U);
 }
 
 }  // namespace

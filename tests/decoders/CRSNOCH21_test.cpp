@@ -16,7 +16,7 @@ protected:
 TEST_F(OpenOrders, ANewOrderComesInFillsAndLeaves) {
     Open(Inquiry());
     EXPECT_EQ(Told(), Events{}) << "nothing is subscribed to";
-    Feed(Notice("0000001").Time("090001").Board("TN").Side('2').Quantity(100).Price("  1000"));
+    Feed(Notice("0000001").Time("090001").Board("TN").Side('2').Price("  1000"));
     Expect("O1   2 171                U  -12" + std::string(165, ' ') +
            "090001Astra       ASII        4 01TN     1000                     100" + std::string(42, ' ') +
            "100TRADER01            Open                0000001" + std::string(10, ' '));
@@ -55,27 +55,11 @@ TEST_F(OpenOrders, AnAmendmentTakesFromItsParentAndReplacesIt) {
     Feed(Amendment("0000002", "0000001", 100, '0'));
     ExpectNew(ExpectedRow("0000002").Open("100").Status(kAmendUnconfirmedWord));
     ExpectChanged({ExpectedRow("0000001").NothingOpen()});
-    Feed(Amendment("0000002", "0000001", 100, '0'));
-    EXPECT_TRUE(Silent()) << "accepted once more";
     Feed(Amendment("0000002", "0000001", 80, '2'));
     ExpectDeleted(1);
     ExpectChanged({ExpectedRow("0000002").Open("80").Status(kAmendConfirmedWord)});
     Feed(Amendment("0000002", "0000001", 80, '2'));
     EXPECT_TRUE(Silent());
-}
-
-TEST_F(OpenOrders, APartialCancellationLeavesItsParent) {
-    Open(Inquiry());
-    Feed(Accepted("0000001", 100), Cancellation("0000002", "0000001", 30, '0'));
-    Skip();
-    Feed(Cancellation("0000002", "0000001", 30, '2'));
-    ExpectDeleted(0);
-    EXPECT_TRUE(Silent());
-    Feed(Cancellation("0000003", "0000001", 70, '0'));
-    Skip();
-    Feed(Cancellation("0000003", "0000001", 70, '2'));
-    ExpectDeleted(0);
-    ExpectDeleted(0);
 }
 
 TEST_F(OpenOrders, WhatComesBeforeItsAcceptanceWaitsForIt) {
@@ -147,17 +131,6 @@ TEST_F(OpenOrders, TheInquirysRowsGoOutWithTheFirstChange) {
     Init(Inquiry());
     Feed(Filled("0000005", 1, "1"));
     EXPECT_TRUE(Silent()) << "a refused inquiry leaves the list empty";
-}
-
-TEST_F(OpenOrders, AStopForgetsTheListAndWhatIsParked) {
-    Open(Inquiry({ExpectedRow("0000001").Open("10")}));
-    Feed(Filled("0000002", 1, "1"));
-    m_Screen->Stop();
-    EXPECT_EQ(Init(Inquiry()), 1);
-    Skip();
-    Feed(Accepted("0000002", 10));
-    ExpectNew(ExpectedRow("0000002").Ordered("10").Open("10"));
-    EXPECT_TRUE(Silent());
 }
 
 TEST_F(OpenOrders, ThePlacesOfALongListStayRight) {

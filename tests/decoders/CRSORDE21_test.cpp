@@ -46,18 +46,6 @@ TEST_F(OrderList, ANoticeThatIsRepeatedCountsOnce) {
     EXPECT_FALSE(Silent()) << "the order number is no part of the key";
 }
 
-TEST_F(OrderList, RefusalsShowButThatOfAnAcceptance) {
-    OpenWith({ExpectedRow("0000001").Open("100")});
-    Feed(Notice("0000001").Result('1'), Notice("0000002").Result('1'));
-    Feed(Notice("0000001").Code('1', '2', '1').Result('1'));
-    Feed(Notice("0000001").Code('2', '2', '2').Result('2'));
-    EXPECT_TRUE(Silent());
-    Feed(Notice("0000001").Code('2', '1', '1').Result('1'));
-    ExpectChanged({ExpectedRow("0000001").Open("100").Status("Reject")});
-    Feed(Notice("0000002").Code('2', '2', '1').Result('1'));
-    ExpectNew(ExpectedRow("0000002").Status("Reject"));
-}
-
 TEST_F(OrderList, AnAmendmentClosesItsParentByTheParentsFills) {
     const auto parent = [] { return ExpectedRow("0000001"); };
     // As the acceptance of the amendment for 40 finds it, and after its confirmation.
@@ -74,17 +62,6 @@ TEST_F(OrderList, AnAmendmentClosesItsParentByTheParentsFills) {
         Feed(Amendment("0000002", "0000001", 40, '2').Board("TN"));
         ExpectChanged({ExpectedRow("0000002").Ordered("40").Open("40").Board("TN", '1'), after});
     }
-}
-
-TEST_F(OrderList, ACancellationClosesItsParentByItsOwnOpenQuantity) {
-    OpenWith({ExpectedRow("0000001").Open("100").Filled("1", "9").Status(kBeingSentWord)});
-    Feed(Cancellation("0000002", "0000001", 100, '0'));
-    Skip();
-    Feed(Cancellation("0000002", "0000001", 100, '2'));
-    ExpectChanged({ExpectedRow("0000002").Open("100").Status(kCancelConfirmedWord),
-                   ExpectedRow("0000001").NothingOpen().Filled("1", "9").Status(kBeingFilledWord)});
-    Feed(Cancellation("0000002", "0000001", 100, '2').Time("090001"), Accepted("0000002", 100));
-    EXPECT_TRUE(Silent()) << "confirmed, and past its acceptance";
 }
 
 TEST_F(OrderList, AConfirmationBeforeItsAcceptanceClosesTheParentAtOnce) {

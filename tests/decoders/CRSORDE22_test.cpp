@@ -73,15 +73,6 @@ TEST_F(FilteredOrders, AnAmendmentMakesItsRowWithItsConfirmation) {
     EXPECT_TRUE(Silent()) << "a withdrawn order stays so";
 }
 
-TEST_F(FilteredOrders, AFillWithoutItsOrderShowsAndWaits) {
-    Open(Inquiry());
-    Feed(Filled("0000001", 30, "995"));
-    ExpectNew(Row("0000001").Price("").Ordered("").Filled("30", "995").Status("Partial"));
-    Feed(Sending("0000001", 100));
-    ExpectNew(Row("0000001").Open("100").Status("Sending"));
-    ExpectChanged({Row("0000001").Open("70").Filled("30", Right("995", 15)).Status("Partial")});
-}
-
 TEST_F(FilteredOrders, FiltersKeepNoticesOut) {
     const auto passes = [this](const Inquiry& filter, const Notice& notice) {
         Open(filter);

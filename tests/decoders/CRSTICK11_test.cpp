@@ -33,16 +33,11 @@ TEST_F(StockTicks, RowsOfABatchLeaveTogetherBehindTheLatestFigures) {
 TEST_F(StockTicks, TheDateIsTheInquirysOrElseTheMachines) {
     const tickhost_time newYear{2027, 1, 2, 23, 59, 59, 0};
     tickhost_set_local_time(&newYear);
-    const auto dateOf = [&](const std::string& init) {
-        Open(init);
-        return After(Trade("1ASII")).substr(sizeof(HeadedRows), 8);
-    };
-    const std::string head = "T1" + Left("1ASII", 11) + Head("..");
-    EXPECT_EQ(dateOf(TickInquiry("1ASII").Dates({"20261120"})), "20261120");
-    EXPECT_EQ(dateOf(TickInquiry("1ASII").Dates({""})), "20270102");
-    EXPECT_EQ(dateOf(TickInquiry("1ASII").Dates({})), "20270102");
-    EXPECT_EQ(dateOf(head + Block("1", "4", "2026")), "2026    ") << "a shorter row ends in spaces";
-    EXPECT_EQ(dateOf(head + Block("1", "40", Left("20261121", 40))), "20261121") << "a longer one is cut";
+    for (const auto& [dates, shown] :
+         {std::pair(Rows{"20261120"}, "20261120"), {Rows{""}, "20270102"}, {Rows{}, "20270102"}}) {
+        Open(TickInquiry("1ASII").Dates(dates));
+        EXPECT_EQ(After(Trade("1ASII")).substr(sizeof(HeadedRows), 8), shown);
+    }
 }
 
 TEST_F(StockTicks, ARefusedInquiryKeepsStockAndRowsAndAnotherDropsThem) {

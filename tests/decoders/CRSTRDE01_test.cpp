@@ -58,16 +58,6 @@ TEST_F(StockPanelScreen, ATradeFillsItsFieldsAndLeavesTheInquirys) {
     EXPECT_EQ(After(trade), "P1" + fields);
 }
 
-TEST_F(StockPanelScreen, TheBookFillsSide2First) {
-    Open("021045", Blank(21, 45));
-    After(Trade("1ASII").Price(1000).Change('5', 10));  // base 1010
-    std::string expected = After(Book("1ASII").Side1(1010, 11, 111).Side2(1011, 22, 222));
-    EXPECT_EQ(expected.substr(2, 58),
-              "1 " + Right("1011", 12) + "5 " + Right("1010", 12) + Right("22", 15) + Right("11", 15));
-    EXPECT_EQ(expected.substr(expected.size() - 30), Right("222", 15) + Right("111", 15));
-    EXPECT_EQ(After(Book("1BBCA")), "nothing");
-}
-
 TEST_F(StockPanelScreen, WhatTheRangeDoesNotReachIsNotTaken) {
     Open("003020", Blank(3, 20));
     EXPECT_EQ(After(Book("1ASII")), "nothing") << "no book field";

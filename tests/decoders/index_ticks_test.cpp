@@ -36,17 +36,6 @@ TEST_F(IndexTicks, EveryUpdateIsARowWithTheRateOfItsChange) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(IndexTicks, WithoutABaseTheFirstUpdateTellsIt) {
-    Open(Inquiry("none"));
-    Feed(IndexUpdate("COMP").Index(10100000).Change('5', 100000));
-    Feed(IndexUpdate("COMP").Index(20000000).Change('0', 204000));
-    Expect({Row('4', "1010.0000", '5', "10.0000", "0.99", "1"),
-            Row('5', "2000.0000", '0', "20.4000", "2.00", "1")});
-    Feed(IndexUpdate("COMP"));
-    EXPECT_EQ(Init(Inquiry("50.0")), 1);
-    EXPECT_TRUE(Silent());
-}
-
 class IndexChartTicks : public ScreenTest {
 protected:
     IndexChartTicks() : ScreenTest("RINTIK11_R") {}

@@ -62,13 +62,6 @@ TEST_F(PassThrough, PacketsOfListedCodesAndWantedTypesComeAsTheyAre) {
     EXPECT_FALSE(Passes(News("20").Related("01")) || Passes(Notice("1").User("TRADER02")));
 }
 
-TEST_F(PassThrough, WithoutAWantOfATypeNonePasses) {
-    Open(Inquiry({Item('/', "", "1"), Item('1', "1ASII", ""), Item('1', "", "1"), Item('M', "", "1")}));
-    EXPECT_EQ(Told(), Events{});
-    EXPECT_TRUE(Passes(News("1x")));
-    EXPECT_FALSE(Passes(Trade("1ASII")) || Passes(Coded<MarketPacket>("     ")) || Passes(Notice("1")));
-}
-
 TEST_F(PassThrough, PacketsWaitOverAStopAndGoWithTheNextInit) {
     const std::string list = Inquiry({Item('1', "1ASII", "1"), Item('N', "1FUND01", "1")});
     Open(list);

@@ -35,6 +35,7 @@ TEST_F(Module, KnowsItsMapsByTheirExactNames) {
         EXPECT_NE(GetPacketDecoderInst(handle), nullptr);
         EXPECT_EQ(UnregistMap(handle), 1);
     }
+    EXPECT_EQ(CHostRound(tickhost_create_window(nullptr, nullptr)), 1) << "a host in C";
 }
 
 TEST_F(Module, HandleZeroIsNone) {
@@ -43,10 +44,6 @@ TEST_F(Module, HandleZeroIsNone) {
     EXPECT_EQ(StopMap(0), 0);
     EXPECT_EQ(ReleaseMap(0), 0);
     EXPECT_EQ(UnregistMap(0), -1);
-}
-
-TEST_F(Module, PublicHeaderServesAHostInC) {
-    EXPECT_EQ(CHostRound(tickhost_create_window(nullptr, nullptr)), 1);
 }
 
 TEST_F(Module, DropsPacketsOfOtherLengthsAndTypes) {
@@ -161,17 +158,6 @@ TEST_F(Module, LifecycleCallsFreeWhatWaits) {
     EXPECT_EQ(Told(), Events{Deleted('1', "1ASII", "80000000")});
 }
 
-TEST_F(Module, AWindowThatHasGoneReceivesNothing) {
-    Open(TickInquiry("1ASII"));
-    auto fund = m_Terminal.Open("RSETFNAV_R", NavInquiry("1FUND"));
-    Told();
-    for (Screen* screen : {m_Screen.get(), fund.get()}) {
-        screen->CloseWindow();
-    }
-    Batch(Trade("1ASII"), Nav("1FUND").Value1("1"));
-    EXPECT_EQ(Told(), Events{});
-}
-
 TEST_F(Module, AWindowMayFeedAndCloseBatchesWithinItsMessage) {
     Open(TickInquiry("1ASII"));
     auto fund = m_Terminal.Open("RSETFNAV_R", NavInquiry("1FUND"));
@@ -187,40 +173,6 @@ TEST_F(Module, AWindowMayFeedAndCloseBatchesWithinItsMessage) {
     EXPECT_EQ(Told(), Events{"view"}) << "the last trade waited, and nothing was sent twice";
     for (const char* price : {"1005", "1010", "1015"}) {
         EXPECT_NE(m_Screen->Next().find(Right(price, 12)), std::string::npos) << price;
-    }
-}
-
-TEST_F(Module, TheCommunicationManagerMayCallBackFromWithinARequest) {
-    const std::string board =
-        "B1" + Block("2", "134", std::string(130, ' ') + "AAAA" + std::string(130, ' ') + "BBBB");
-    const std::string candle = std::string(8, ' ') + "090130" + std::string(52, ' ');
-    for (const auto& screen : std::vector<std::pair<std::string, std::string>>{
-             {"RSTICK11_R", TickInquiry("1ASII")},
-             {"RSETFNAV_R", NavInquiry("1FUND")},
-             {"RSCAND11_R", CandleInquiry("1ASII", 'L').Row(candle)},
-             {"RSCAND11_R", CandleInquiry("1ASII", 'K').Row(candle)},
-             {"RITRDE02_R", board}}) {
-        const auto& map = screen.first;
-        const auto& init = screen.second;
-        const std::string noPeriod = CandleInquiry("1ASII", 'D');
-        for (const auto& action :
-             std::vector<std::function<void()>>{[&] { m_Screen->Stop(); }, [&] { m_Screen->Release(); },
-                                                [&] { Init(init); }, [&] { Init(noPeriod); }}) {
-            m_Screen = m_Terminal.Open(map);
-            m_Terminal.OnNextRequest(action);
-            Init(init);
-            EXPECT_EQ(Init(init), 1) << map;
-            m_Terminal.OnNextRequest(action);
-            m_Screen->Release();
-            m_Screen->Unregister();
-            // Every code that was asked for is given up again.
-            const Events told = Told();
-            const auto count = [&told](const std::string& what) {
-                return std::count_if(told.begin(), told.end(),
-                                     [&what](const std::string& event) { return event.starts_with(what); });
-            };
-            EXPECT_LE(count("add"), count("delete")) << map;
-        }
     }
 }
 

@@ -30,7 +30,7 @@ TEST_F(ListsTest, TicksAndFills) {
     Trade(995, 12);
     EndBatch();
     EXPECT_EQ(Replay("",
-                     "RINTIK01_R COMP BaseValue=500\nRINTIK11_R COMP Period=H\n"
+                     "RINTIK01_R COMP BaseValue=500\n"
                      "RSDONE01_R 1ASII Row.Price=510 Row.Sign=2 Row.Change=10\n"),
               "RINTIK01_R COMP: 1 message, 2 rows\n"
               "  Tag:          00\n"
@@ -40,20 +40,8 @@ TEST_F(ListsTest, TicksAndFills) {
               "  090000  1         1010.0000  2     1          10.0000  1        2.00       4\n"
               "  090000  4          990.5000  5     4           9.5000  4        1.90       0\n"
               "\n"
-              "RINTIK11_R COMP: 2 messages, 2 rows\n"
-              "  Tag:            01\n"
-              "  Head.Period:\n"
-              "  Head.RowAction: 2\n"
-              "  Head.Price:     990.5000\n"
-              "  Head.Quantity:  0\n"
-              "  Repeat.Count:   1\n"
-              "  Repeat.Size:    44\n"
-              "  Date      Time        Index  Volume\n"
-              "  20261120  090000  1010.0000       4\n"
-              "  20261120  090000   990.5000       0\n"
-              "\n"
               "RSDONE01_R 1ASII: 1 message, 2 rows\n"
-              "  Tag:          02\n"
+              "  Tag:          01\n"
               "  Repeat.Count: 2\n"
               "  Repeat.Size:  79\n"
               "  Time    TradeRef  PriceTag  Price  Sign  ChangeTag  Change  RateTag    Rate  Volume  "
@@ -74,7 +62,7 @@ TEST_F(ListsTest, BrokersAndHeadlines) {
     EndBatch();
     EndBatch();
     EndBatch();
-    EXPECT_EQ(Replay("", "RSBRSM01_R 1ASII\nRRNEWS01_R 0\nRRNEWS01_R 9\n"),
+    EXPECT_EQ(Replay("", "RSBRSM01_R 1ASII\nRRNEWS01_R 0\n"),
               "RSBRSM01_R 1ASII: 1 message, 10 rows\n"
               "  Tag:          00\n"
               "  Time:         090000\n"
@@ -96,16 +84,7 @@ TEST_F(ListsTest, BrokersAndHeadlines) {
                   "  20261120  090000  Research  Beyond            0000000007  DESK91    91        1        "
                   "ASII\n"
                   "  20261120  090000  Stock     공장이 문을 연다  0000000007  DESK21    21        1        "
-                  "ASII\n"
-                  "\n"
-                  "RRNEWS01_R 9: 1 message, 1 row\n"
-                  "  Tag:          02\n"
-                  "  NewsKind:     2\n"
-                  "  Repeat.Count: 1\n"
-                  "  Repeat.Size:  131\n"
-                  "  Date      Time    Label     Title   NewsRef1    NewsRef2  Category  HasCode  Code\n"
-                  "  20261120  090000  Research  Beyond  0000000007  DESK91    91        1        ASII\n"
-                  "\n");
+                  "ASII\n\n");
 }
 
 TEST_F(ListsTest, PacketsAsTheyCome) {
