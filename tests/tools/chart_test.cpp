@@ -31,11 +31,6 @@ TEST(CandleChart, DrawsBodiesRangesScaleAndTimes) {
               "        09:01:00\n");
     EXPECT_EQ(ChartText({}, 0), "");
     EXPECT_EQ(ChartText({{"090100", 7, 7, 7, 7}}, 0), "  7 |-\n    +-\n     09:01:00\n");
-    EXPECT_EQ(ChartText({{"\x1B"
-                          "90100",
-                          -5, -5, -5, -5}},
-                        0),
-              "  -5 |-\n     +-\n      \\x1b9:01:00\n");
 }
 
 // An index closes where its latest update stands, which may lie outside of the bar's range.

@@ -40,7 +40,7 @@ public:
         EXPECT_EQ(order.Terms, terms);
         EXPECT_GE(quantity, 1);
         EXPECT_FALSE(order.Ended) << event;
-        CheckPrice(notice);
+        EXPECT_EQ(std::stoi(Text(notice.Price)) % tools::TickSize(std::stoi(Text(notice.Price))), 0);
         ++Seen[event + (event == "220" || event == "100" ? std::string(1, notice.OrderAction) : "")];
         Seen[std::string(tools::Trim(Text(notice.BoardName)))] = Seen["channel-" + Text(notice.ChannelCode)] =
             1;
@@ -106,12 +106,6 @@ private:
             EXPECT_GE(parent.Open, 0);
             parent.Ended = parent.Open == 0 && parent.Accepted;
         }
-    }
-
-    static void CheckPrice(const OrderPacket& notice) {
-        const int price = std::stoi(Text(notice.Price));
-        EXPECT_GT(price, 0);
-        EXPECT_EQ(price % tools::TickSize(price), 0);
     }
 
     std::map<int, Order> m_Orders;
