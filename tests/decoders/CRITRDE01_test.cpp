@@ -34,22 +34,6 @@ TEST_F(IndexPanelScreen, AnUpdateFillsItsFieldsAndLeavesTheInquirys) {
     EXPECT_TRUE(m_Screen->Empty());
 }
 
-TEST_F(IndexPanelScreen, TheBaseIsFieldNineOrFollowsFromTheFirstFieldsOrThePacket) {
-    Open(Inquiry("0303", "        "));
-    EXPECT_EQ(After(IndexUpdate("COMP").Index(100000).Change('2', 100000)), "P11   0.00") << "a base of zero";
-    const std::string head = Tagged("1", "1000.0000") + "1" + Tagged("1", "10.0000");
-    // The tag of an open of 995 against the base, with a packet whose own base is 1010.
-    const auto tag = [&](const std::string& range, const std::string& fields) {
-        EXPECT_EQ(Init(Inquiry(range, fields)), 1);
-        return After(IndexUpdate("COMP").Index(10000000).Change('5', 100000).Day(9950000, 0, 0))
-            .substr(79, 1);
-    };
-    const std::string rest(199 - 35, ' ');
-    EXPECT_EQ(tag("0008", head + rest.substr(0, 124 - 35)), "1") << "990 from the fields 0 to 2";
-    EXPECT_EQ(tag("0009", head + rest.substr(0, 124 - 35) + Tagged("", "995")), "5") << "995 from field 9";
-    EXPECT_EQ(tag("0017", head + rest), "4") << "a blank base is none: 1010 from the packet";
-}
-
 TEST_F(IndexPanelScreen, RefusesRangesAndLengthsThatDoNotFit) {
     Open(Inquiry("1717", "      "));
     for (const char* range : {"1716", "0018", "9999", "-1 3"}) {

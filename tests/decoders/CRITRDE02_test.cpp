@@ -4,14 +4,6 @@
 
 namespace {
 
-std::string Inquiry(const std::vector<std::string>& keys, const std::string& size = "134") {
-    Rows rows;
-    for (const std::string& key : keys) {
-        rows.push_back(std::string(130, '.') + Left(key, 4));
-    }
-    return "B1" + BlockOf(rows, size);
-}
-
 constexpr char kBoard[] = "8000000";
 
 class IndexBoard : public ScreenTest {
@@ -20,7 +12,7 @@ protected:
 };
 
 TEST_F(IndexBoard, ChangedRowsLeaveInBoardOrderOnceABatch) {
-    Open(Inquiry({"AAAA", "BBBB", "CCCC", "BBBB"}));
+    Open(IndexBoardInquiry({"AAAA", "BBBB", "CCCC", "BBBB"}));
     EXPECT_EQ(Told(), (Events{Added('A', "AAAA", kBoard), Added('A', "BBBB", kBoard),
                               Added('A', "CCCC", kBoard), Added('A', "BBBB", kBoard)}));
     Feed(IndexUpdate("CCCC").Index(100000).Change('1', 100000), IndexUpdate("BBBB").Index(1));
@@ -40,8 +32,10 @@ TEST_F(IndexBoard, ChangedRowsLeaveInBoardOrderOnceABatch) {
 }
 
 TEST_F(IndexBoard, RefusesNoRowsAndRowsOfAnotherSize) {
-    Open(Inquiry({"AAAA"}));
-    EXPECT_EQ(Init(Inquiry({})) + Init(Inquiry({"BBBB"}, "133")) + Init("B1" + Block("-1", "134")), 0);
+    Open(IndexBoardInquiry({"AAAA"}));
+    EXPECT_EQ(Init(IndexBoardInquiry({})) + Init(IndexBoardInquiry({"BBBB"}, "133")) +
+                  Init("B1" + Block("-1", "134")),
+              0);
 }
 
 }  // namespace

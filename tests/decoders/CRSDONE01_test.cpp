@@ -23,10 +23,6 @@ protected:
         EndBatch();
         EXPECT_TRUE((ShowsRows<PlainRows, FillRow>(m_Screen->Next(), "F1" + BlockOf(rows, "79"))));
     }
-    // The rate of a trade at the price, without change, which tells the base.
-    std::string RateAt(int32_t price) {
-        return After(Trade("1ASII").Price(price).Change('0', 0)).substr(sizeof(PlainRows) + 45, 6);
-    }
 };
 
 TEST_F(StockFills, ATradeIsARowWithRateAndBrokers) {
@@ -39,29 +35,6 @@ TEST_F(StockFills, ATradeIsARowWithRateAndBrokers) {
     Expect({Row("00000042", '1', "1019", '2', "5", "1.90", "3", "4 FAB  1 DWXYZ"),
             Row("", '4', "1019", '7', "5", "1.90", "-3", "  x           "),
             Row("", '5', "1019", ' ', "5", "1.90", "1", "1 D    1 D    ")});
-    EXPECT_TRUE(Silent());
-}
-
-TEST_F(StockFills, TheBaseComesFromTheInquiryItsRowOrTheFirstTrade) {
-    const std::string row = Left(std::string(16, '.') + Right("1010", 12) + "2.." + Right("10", 12), 79);
-    Open(Inquiry("1ASII", "500", {row}) + "more");
-    EXPECT_EQ(RateAt(1000), "100.00");
-    EXPECT_EQ(Init(Inquiry("1ASII", "0", {row})), 1);
-    EXPECT_EQ(RateAt(2000), "100.00");
-    EXPECT_EQ(Init(Inquiry("1ASII", "")), 1);
-    Feed(Trade("1ASII").Price(7).Volume(0));
-    EXPECT_EQ(RateAt(250), "  0.00");
-    EXPECT_EQ(RateAt(500), "100.00");
-}
-
-TEST_F(StockFills, RowsThatWaitLeaveOverARefusedInquiryAndGoWithTheNext) {
-    Open(Inquiry("1ASII", "1000"));
-    Feed(Trade("1ASII"));
-    EXPECT_EQ(Init("F1"), 0);
-    EXPECT_FALSE(Silent());
-    m_Screen->Next();
-    Feed(Trade("1ASII"));
-    EXPECT_EQ(Init(Inquiry("1BBBB", "1000")), 1);
     EXPECT_TRUE(Silent());
 }
 

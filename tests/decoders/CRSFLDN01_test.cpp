@@ -115,16 +115,6 @@ TEST_F(TradeMonitor, TheWholeMarketsFeedIsOnFromTheFirstMonitorToTheLast) {
     EXPECT_EQ(Told(), Events{kMarketOff}) << "a map that goes without a release";
 }
 
-TEST_F(TradeMonitor, AnIndustryAccountWatchesItsList) {
-    tickhost_set_tobrin_account(1);
-    const char* codes[] = {"AAAA", "TOOLONGACODE"};
-    tickhost_set_industry(1, 2, codes, codes);
-    Open(kInquiry);
-    const Rows keys = {"1AAAA", "2AAAA", "3AAAA", "1TOOLONGACO", "2TOOLONGACO", "3TOOLONGACO"};
-    EXPECT_EQ(Told()[0], Listed(keys));
-    EXPECT_EQ(RowsOf(Trade("1AAAA"), Trade("1TOOLONGACO")), 1U);
-}
-
 TEST_F(TradeMonitor, FiltersHaveInclusiveBoundsAndAreReadAnew) {
     OpenGroups("007",
                "PRICE=1\nCHANGE%=1\nVOLUME=1\n[PRICE]\nFROM=90\nTO=1030\n"

@@ -4,24 +4,20 @@
 
 namespace {
 
-std::string Inquiry(const Rows& rows = {}) {
-    return "O1" + std::string(kUserField) + "?" + BlockOf(rows, "171");
-}
-
 class OrderList : public OrderScreen {
 protected:
     OrderList() : OrderScreen("RSORDE21_R") {}
 
     // The inquiry's rows have gone out already.
     void OpenWith(const Rows& rows) {
-        Open(Inquiry(rows));
+        Open(OrdersInquiry(rows));
         Feed(Filled("0999999", 1, "1"));
         Skip();
     }
 };
 
 TEST_F(OrderList, AFilledOrderStaysAsDone) {
-    Open(Inquiry());
+    Open(OrdersInquiry());
     Feed(Accepted("0000001", 100));
     Skip();
     Feed(Filled("0000001", 60, "995"), Filled("0000001", 40, "990"));
@@ -33,7 +29,7 @@ TEST_F(OrderList, AFilledOrderStaysAsDone) {
 }
 
 TEST_F(OrderList, ANoticeThatIsRepeatedCountsOnce) {
-    Open(Inquiry());
+    Open(OrdersInquiry());
     Feed(Accepted("0000001", 100));
     Skip();
     const Notice fill = Filled("0000001", 10, "1000");
@@ -44,24 +40,6 @@ TEST_F(OrderList, ANoticeThatIsRepeatedCountsOnce) {
     ExpectChanged({ExpectedRow("0000001").Filled("20", "1000").Open("80").Status("Partial")});
     Feed(Notice("1000001").Field(kUserField));
     EXPECT_FALSE(Silent()) << "the order number is no part of the key";
-}
-
-TEST_F(OrderList, AnAmendmentClosesItsParentByTheParentsFills) {
-    const auto parent = [] { return ExpectedRow("0000001"); };
-    // As the acceptance of the amendment for 40 finds it, and after its confirmation.
-    const std::pair<ExpectedRow, ExpectedRow> parents[] = {
-        {parent().Open("100").Status(kBeingSentWord), parent().Open("60").Status(kAmendUnconfirmedWord)},
-        {parent().Open("60").Filled("40", "9"),
-         parent().Open("20").Filled("40", "9").Status(kBeingFilledWord)},
-        {parent().Open("40").Filled("60", "9"),
-         parent().NothingOpen().Filled("60", "9").Status(kFillingCompleteWord)}};
-    for (const auto& [before, after] : parents) {
-        OpenWith({before});
-        Feed(Amendment("0000002", "0000001", 40, '0'));
-        Skip();
-        Feed(Amendment("0000002", "0000001", 40, '2').Board("TN"));
-        ExpectChanged({ExpectedRow("0000002").Ordered("40").Open("40").Board("TN", '1'), after});
-    }
 }
 
 TEST_F(OrderList, AConfirmationBeforeItsAcceptanceClosesTheParentAtOnce) {
@@ -78,10 +56,10 @@ TEST_F(OrderList, AConfirmationBeforeItsAcceptanceClosesTheParentAtOnce) {
 }
 
 TEST_F(OrderList, TheInquiryNeedsItsHeadAndExactlyItsRows) {
-    Open(Inquiry({ExpectedRow("0000001")}));
-    EXPECT_EQ(Init("O1" + std::string(kUserField) + "?" + Block("-1", "171")), 0);
-    EXPECT_EQ(Init(Inquiry().substr(0, 32)), 1) << "without rows the last reserved byte may be missing";
-    EXPECT_EQ(Init(Inquiry() + "more"), 1) << "and what follows is not looked at";
+    Open(OrdersInquiry({ExpectedRow("0000001")}));
+    EXPECT_EQ(Init("O1ACC0010" + Block("-1", "171")), 0);
+    EXPECT_EQ(Init(OrdersInquiry().substr(0, 32)), 1) << "without rows the last reserved byte may be missing";
+    EXPECT_EQ(Init(OrdersInquiry() + "more"), 1) << "and what follows is not looked at";
 }
 
 }  // namespace

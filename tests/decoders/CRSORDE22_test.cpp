@@ -58,21 +58,6 @@ TEST_F(FilteredOrders, AnOrderIsFollowedFromItsSendingWithItsAveragePrice) {
     EXPECT_EQ(Told(), Events(6, "view")) << "this list never tells that it has changed";
 }
 
-TEST_F(FilteredOrders, AnAmendmentMakesItsRowWithItsConfirmation) {
-    Open(Inquiry());
-    Feed(Sending("0000001", 100), Accepted("0000001", 100));
-    Skip();
-    Feed(Sending("0000002", 80, '2').Parent("0000001"), Amendment("0000002", "0000001", 80, '0'));
-    EXPECT_TRUE(Silent());
-    Feed(Amendment("0000002", "0000001", 80, '2'));
-    ExpectNew(Row("0000002").Ordered("80").Open("80"));
-    ExpectChanged({Row("0000001").Open("0").Status("Amended")});
-    Feed(Cancellation("0000003", "0000002", 80, '2'));
-    Skip();
-    Feed(Amendment("0000004", "0000002", 80, '2'), Notice("0000004").Parent("0000002"));
-    EXPECT_TRUE(Silent()) << "a withdrawn order stays so";
-}
-
 TEST_F(FilteredOrders, FiltersKeepNoticesOut) {
     const auto passes = [this](const Inquiry& filter, const Notice& notice) {
         Open(filter);

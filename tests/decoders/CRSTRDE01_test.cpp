@@ -78,16 +78,6 @@ TEST_F(StockPanelScreen, RunningGroupsFollowTheForeignBrokerAndWrapAt32Bits) {
               Right("65535", 15) + Right("-5", 18) + Right("2", 8) + Blank(51, 53));
 }
 
-TEST_F(StockPanelScreen, RatesStandAgainstTheInquirysBaseOrThePackets) {
-    const auto rate = [this](const std::string& base, const Trade& trade) {
-        Open("004010", "  " + Right(base, 12) + Blank(5, 10));
-        return After(trade).substr(2 + 60 - 8, 8);
-    };
-    EXPECT_EQ(rate("1000", Trade("1ASII").Price(981).Change('5', 1)), "4  -1.90");
-    EXPECT_EQ(rate("1000", Trade("1ASII").Price(1006).Change('0', 1)), "5   0.60") << "flat: no bias";
-    EXPECT_EQ(rate("", Trade("1ASII").Price(10).Change('2', 10)), "1   0.00") << "a base of zero";
-}
-
 TEST_F(StockPanelScreen, RefusesRangesThatDoNotFit) {
     Open("003012", Blank(3, 12));
     Told();

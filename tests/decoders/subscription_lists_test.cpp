@@ -6,11 +6,6 @@
 
 namespace {
 
-// "1 1ASII ABCD": class, code, and which of the Want bytes are set.
-std::string Item(char chClass, const std::string& code, const std::string& want) {
-    return chClass + Left(code, 11) + Left(want, 8);
-}
-
 class SubscriptionHolder : public ScreenTest {
 protected:
     SubscriptionHolder() : ScreenTest("RDUMMY01_R") {}
@@ -32,9 +27,6 @@ TEST_F(SubscriptionHolder, EachWantedTypeIsARequestInOrderOfTheColumns) {
 class PassThrough : public ScreenTest {
 protected:
     PassThrough() : ScreenTest("RRPASS01_R") {}
-    static std::string Inquiry(const Rows& items) {
-        return Right(std::to_string(items.size()), 4) + Joined(items);
-    }
     template <class Packet>
     bool Passes(const Packet& packet) {
         return After(packet) == packet.Bytes();
@@ -43,9 +35,9 @@ protected:
 
 TEST_F(PassThrough, PacketsOfListedCodesAndWantedTypesComeAsTheyAre) {
     tickhost_set_text("UserID", kUser);
-    Open(Inquiry({Item('1', "1ASII", "1111"), Item('1', "1BBBB", " 1"), Item('A', "COMP", "1  1"),
-                  Item('M', "CODE1", "1"), Item('@', "", "1"), Item('N', "1FUND01", "1"),
-                  Item('/', "", "11")}));
+    Open(PassThroughInquiry({Item('1', "1ASII", "1111"), Item('1', "1BBBB", " 1"), Item('A', "COMP", "1  1"),
+                             Item('M', "CODE1", "1"), Item('@', "", "1"), Item('N', "1FUND01", "1"),
+                             Item('/', "", "11")}));
     EXPECT_EQ(Told(), (Events{Added('1', "1ASII", "80000000"), Added('1', "1ASII", "20000000"),
                               Added('1', "1ASII", "40000000"), Added('1', "1ASII", "10000000"),
                               Added('1', "1BBBB", "20000000"), Added('A', "COMP", "8000000"),
@@ -63,7 +55,7 @@ TEST_F(PassThrough, PacketsOfListedCodesAndWantedTypesComeAsTheyAre) {
 }
 
 TEST_F(PassThrough, PacketsWaitOverAStopAndGoWithTheNextInit) {
-    const std::string list = Inquiry({Item('1', "1ASII", "1"), Item('N', "1FUND01", "1")});
+    const std::string list = PassThroughInquiry({Item('1', "1ASII", "1"), Item('N', "1FUND01", "1")});
     Open(list);
     Told();
     const Trade first = Trade("1ASII").Price(1);
@@ -82,12 +74,12 @@ TEST_F(PassThrough, PacketsWaitOverAStopAndGoWithTheNextInit) {
 TEST_F(PassThrough, AListThatEndsWithinItsRequestsGivesUpWhatItAskedFor) {
     m_Screen = m_Terminal.Open("RRPASS01_R");
     m_Terminal.OnNextRequest([this] { m_Screen->Release(); });
-    Init(Inquiry({Item('1', "1ASII", "11"), Item('1', "1BBBB", "1")}));
+    Init(PassThroughInquiry({Item('1', "1ASII", "11"), Item('1', "1BBBB", "1")}));
     EXPECT_EQ(Told(), (Events{Added('1', "1ASII", "80000000"), Deleted('1', "1ASII", "80000000")}));
 }
 
 TEST_F(PassThrough, AWindowThatFeedsFromWithinItsMessageGetsAllInOrder) {
-    Open(Inquiry({Item('1', "1ASII", "1")}));
+    Open(PassThroughInquiry({Item('1', "1ASII", "1")}));
     m_Screen->OnNextMessage([this] { Batch(Trade("1ASII").Price(3)); });
     Batch(Trade("1ASII").Price(1), Trade("1ASII").Price(2));
     for (const int32_t price : {1, 2, 3}) {

@@ -19,18 +19,6 @@ namespace {
 
 // ------------------------------------------------------------------ Init texts
 
-std::string Item(char chClass, const std::string& code, const std::string& want) {
-    return chClass + Left(code, 11) + Left(want, 8);
-}
-
-std::string IndexBoard(const Rows& codes) {
-    Rows rows;
-    for (const std::string& code : codes) {
-        rows.push_back(std::string(sizeof(IndexBoardRow) - sizeof(IndexKey), '.') + Left(code, 4));
-    }
-    return "B1" + BlockOf(rows, "134");
-}
-
 std::string InterestBoard(const Rows& codes) {
     Rows rows;
     for (const std::string& code : codes) {
@@ -42,14 +30,6 @@ std::string InterestBoard(const Rows& codes) {
 
 std::string IndexChart(const std::string& code, char period) {
     return "X1" + Left(code, 10) + period + Head("..") + BlockOf({Left("20261119", 44)}, "44");
-}
-
-std::string OrderBook(const std::string& key, const Rows& rows) {
-    return "O1" + Left(key, 11) + "unread.." + BlockOf(rows, "108");
-}
-
-std::string PassThrough(const Rows& items) {
-    return Right(std::to_string(items.size()), 4) + Joined(items);
 }
 
 std::string FilteredOrders(char status, const Rows& rows) {
@@ -86,12 +66,12 @@ std::vector<Sample> MakeSamples() {
          {}},
         {"RINTIK11_R", IndexChart("COMP", 'H'), IndexChart("MAIN", 'A'), {}},
         {"RITRDE01_R", Panel("COMP", "0017", WidthOf(kIndexPanel)), Panel("MAIN", "0003", 43), {}},
-        {"RITRDE02_R", IndexBoard({"COMP", "MAIN"}), IndexBoard({"MAIN", "XXXX", "COMP"}), {}},
+        {"RITRDE02_R", IndexBoardInquiry({"COMP", "MAIN"}), IndexBoardInquiry({"MAIN", "XXXX", "COMP"}), {}},
         {"RRNEWS01_R", "N1" + std::string(20, '.') + "0.", "N1" + std::string(20, '.') + "2.", {}},
         {"RRPASS01_R",
-         PassThrough({Item('1', "1ASII", "1111"), Item('A', "COMP", "1  1"), Item('M', "CODE1", "1"),
-                      Item('@', "SESSION", "1"), Item('N', "1ASII", "1"), Item('/', "", "11")}),
-         PassThrough({Item('1', "1BBCA", "1"), Item('/', "", "1"), Item('N', "1BBCA", "1")}),
+         PassThroughInquiry({Item('1', "1ASII", "1111"), Item('A', "COMP", "1  1"), Item('M', "CODE1", "1"),
+                             Item('@', "SESSION", "1"), Item('N', "1ASII", "1"), Item('/', "", "11")}),
+         PassThroughInquiry({Item('1', "1BBCA", "1"), Item('/', "", "1"), Item('N', "1BBCA", "1")}),
          {}},
         {"RSBRSM01_R", "S1" + Left("1ASII", 11), "S1" + Left("1BBCA", 11), {}},
         {"RSCAND11_R", CandleInquiry("1ASII", 'C').Row(kCandle), CandleInquiry("1BBCA", 'E'), {}},
@@ -102,15 +82,12 @@ std::vector<Sample> MakeSamples() {
         {"RSETFNAV_R", NavInquiry("1ASII"), NavInquiry("1BBCA").Base("900"), {}},
         {"RSFLDN01_R", "M1unread..", "M2unread..", {}},
         {"RSITST01_R", InterestBoard({"ASII", "BBCA"}), InterestBoard({"BBCA", "XXXX", "ASII"}), {}},
-        {"RSNOCH21_R",
-         "O1" + std::string(kUserField) + "0" + BlockOf({}, "171"),
-         "O2" + std::string(kUserField) + "0" + BlockOf({kOpenOrder}, "171"),
+        {"RSNOCH21_R", OrdersInquiry(), OrdersInquiry({kOpenOrder}), {}},
+        {"RSODER01_R",
+         BookInquiry("1ASII"),
+         BookInquiry("1BBCA", BlockOf({std::string(sizeof(BookRow), '1')}, "108")),
          {}},
-        {"RSODER01_R", OrderBook("1ASII", {}), OrderBook("1BBCA", {std::string(sizeof(BookRow), '1')}), {}},
-        {"RSORDE21_R",
-         "O1" + std::string(kUserField) + "?" + BlockOf({}, "171"),
-         "O2" + std::string(kUserField) + "?" + BlockOf({kOpenOrder}, "171"),
-         {}},
+        {"RSORDE21_R", OrdersInquiry(), OrdersInquiry({kOpenOrder}), {}},
         {"RSORDE22_R", FilteredOrders('0', {}), FilteredOrders('1', {kOpenOrder}), {}},
         {"RSTICK11_R", TickInquiry("1ASII"), TickInquiry("1BBCA").Tag("T2"), {}},
         {"RSTRBK01_R",

@@ -21,7 +21,7 @@ protected:
         index.TotalValue = 123'000;
         index.TradeCount = 12;
         index.Rising = rising;
-        Write(tools::MakeIndex(index, Morning));
+        Write(tools::MakeIndex(index, Now));
     }
 };
 
