@@ -104,14 +104,6 @@ TEST_F(StockChart, TheInquirysRowSetsTheBoundaryAndTheFirstAction) {
     }
 }
 
-TEST_F(StockChart, WithoutATimeOfTodayTheNextRowOpensACandle) {
-    for (const char* time : {"      ", "199900"}) {
-        Open(CandleInquiry("1ASII", 'E').Row(Newest(time)));
-        Batch(At("090001", 1015, 5));
-        ExpectRow("E2", "1015", "1000", {"090001", "1015", "1015", "1015", "1015", "5"});
-    }
-}
-
 TEST_F(StockChart, TheThrottleOpensBehind300MillisecondsAndSurvivesTheCounterWrap) {
     constexpr uint32_t kStart = 0xFFFFFF00;
     m_Now = kStart;
@@ -156,17 +148,6 @@ TEST_F(StockChart, HalfMinutesMergeBarsInSilenceAndSumsOfQuantitiesWrap) {
     Batch(At("091001", 1000, 1));
     ExpectRow("B1", "1000", "1000", {"091001", "1000", "2000", "1", "1000", "41"});
     EXPECT_EQ(Traded("091002", 2147483647), "1 091002 -214748360") << "-2147483608, cut to its field";
-}
-
-TEST_F(StockChart, ATickListSendsEveryTradeAtTheBatchEnd) {
-    Open(CandleInquiry("1ASII", 'A').Row(Newest("090130")));
-    Feed(Bar("1ASII", "090200"), At("090200", 1015, 5).Value(7612500000));
-    Feed(At("090201", 1020, 1).TotalVolume(1001).Value(0), At("090201", 1020, 0));
-    EndBatchAt(0);
-    Expect("A2", "1020", "1001",
-           {Candle({"20261120", "090200", "1015", "1015", "1015", "1015", "5", "7612500000"}),
-            Candle({"20261120", "090201", "1020", "1020", "1020", "1020", "1", "0"})});
-    EXPECT_TRUE(m_Screen->Empty());
 }
 
 TEST_F(StockChart, ARefusedInquiryKeepsItsKeyUnlessThePeriodAloneIsWrong) {

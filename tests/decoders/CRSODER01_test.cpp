@@ -79,13 +79,10 @@ TEST_F(OrderBook, TheMarkMovesWithTheTradesAndTheirFirstPriceTellsABase) {
     const std::string image = After(Trade("1ASII").Price(1005).Change('5', 5));
     EXPECT_EQ(image.substr(sizeof(PlainRows), sizeof(BookRow)),
               Side("+3", "40", "1.00", "4z", "1005") + Side("-4", "50", "2.00", "4 ", "1005"));
-    EXPECT_EQ(After(Trade("1ASII").Price(1005)), "nothing") << "the same price";
-    EXPECT_EQ(After(Trade("2ASII").Price(1010)), "nothing");
     const Book book = Book("1ASII").Side1(995, 1, 1).Side2(1005, 1, 1).Level(3, 0, 0, 1010, 1);
     EXPECT_EQ(Mark(After(book)), "0b");
     EXPECT_EQ(Mark(After(Trade("1ASII").Price(1010))), "3b");
     EXPECT_EQ(Mark(After(Trade("1ASII").Price(995))), "0a");
-    EXPECT_EQ(Mark(After(Trade("1ASII").Price(0))), "");
 }
 
 TEST_F(OrderBook, WithoutTheMarkTradesCountForNothing) {

@@ -1,28 +1,6 @@
-#include "layouts/RSORDE22.h"
 #include "tests/decoders/orders_fixture.h"
 
 namespace {
-
-// The filters of the inquiry; blank lets everything through, and so does '0' for the status.
-class Inquiry {
-public:
-    Inquiry() { FillBlank(m_Init), Fill(m_Init.UserField, kUserField), Status('0'); }
-    Inquiry& Group(const std::string& filter) { return Fill(m_Init.GroupFilter, filter), *this; }
-    Inquiry& Code(const std::string& filter) { return Fill(m_Init.CodeFilter, filter), *this; }
-    Inquiry& Status(char filter) { return m_Init.StatusFilter = filter, *this; }
-    Inquiry& Side(char filter) { return m_Init.SideFilter = filter, *this; }
-    Inquiry& Board(const std::string& filter) { return Fill(m_Init.BoardFilter, filter), *this; }
-    Inquiry& With(const std::string& row) { return m_Rows.push_back(row), *this; }
-    operator std::string() const {  // NOLINT(google-explicit-constructor): stands for its text
-        FilteredOrdersInit init = m_Init;
-        Fill(init.Repeat.Count, Right(std::to_string(m_Rows.size()), 4));
-        return "O1" + Text(init) + Joined(m_Rows);
-    }
-
-private:
-    FilteredOrdersInit m_Init;
-    Rows m_Rows;
-};
 
 // Channel "00" is a screen's.
 ExpectedRow Row(const std::string& orderNo) {
@@ -42,7 +20,7 @@ TEST_F(FilteredOrders, AnOrderIsFollowedFromItsSendingWithItsAveragePrice) {
     const auto row = [](const std::string& open) {
         return Row("0000001").Named("Accepted").Channel('T').Ordered("300").Open(open);
     };
-    Open(Inquiry());
+    Open(FilteredInquiry());
     Feed(Sending("0000001", 300));
     ExpectNew(Row("0000001").Ordered("300").Open("300").Status("Sending"));
     Feed(Accepted("0000001", 300).Text("Accepted").Channel("T1"));
@@ -59,22 +37,22 @@ TEST_F(FilteredOrders, AnOrderIsFollowedFromItsSendingWithItsAveragePrice) {
 }
 
 TEST_F(FilteredOrders, FiltersKeepNoticesOut) {
-    const auto passes = [this](const Inquiry& filter, const Notice& notice) {
+    const auto passes = [this](const FilteredInquiry& filter, const Notice& notice) {
         Open(filter);
         Feed(notice);
         return !m_Screen->Empty();
     };
     const auto notice = [] { return Sending("0000001", 1); };
-    for (const auto& [filter, in, out] : std::vector<std::tuple<Inquiry, Notice, Notice>>{
-             {Inquiry().Code("ASII"), notice(), notice().Item("ASIIX")},
-             {Inquiry().Code("All ASII"), notice().Item("BBCA"), notice().Record("00")},
-             {Inquiry().Group("GRP1"), notice().Group("GRP1"), notice().Group("GRP11")},
-             {Inquiry().Group("      X"), notice(), notice().User("TRADER02")},
-             {Inquiry().Side('1'), notice().Side('3'), notice().Side('2')},
-             {Inquiry().Side('0'), notice().Side('2'), notice()},
-             {Inquiry().Side('5'), notice().Side('3'), notice().Side('2')},
-             {Inquiry().Board("NG"), notice().Board(""), notice()},
-             {Inquiry().Board("RG"), notice().Board("R"), notice().Board("RG2")}}) {
+    for (const auto& [filter, in, out] : std::vector<std::tuple<FilteredInquiry, Notice, Notice>>{
+             {FilteredInquiry().Code("ASII"), notice(), notice().Item("ASIIX")},
+             {FilteredInquiry().Code("All ASII"), notice().Item("BBCA"), notice().Record("00")},
+             {FilteredInquiry().Group("GRP1"), notice().Group("GRP1"), notice().Group("GRP11")},
+             {FilteredInquiry().Group("      X"), notice(), notice().User("TRADER02")},
+             {FilteredInquiry().Side('1'), notice().Side('3'), notice().Side('2')},
+             {FilteredInquiry().Side('0'), notice().Side('2'), notice()},
+             {FilteredInquiry().Side('5'), notice().Side('3'), notice().Side('2')},
+             {FilteredInquiry().Board("NG"), notice().Board(""), notice()},
+             {FilteredInquiry().Board("RG"), notice().Board("R"), notice().Board("RG2")}}) {
         EXPECT_TRUE(passes(filter, in)) << std::string(filter);
         EXPECT_FALSE(passes(filter, out)) << std::string(filter);
     }
@@ -82,7 +60,7 @@ TEST_F(FilteredOrders, FiltersKeepNoticesOut) {
 
 TEST_F(FilteredOrders, LotsAndChannelsHaveTheirOwnRules) {
     const auto figures = [this](const Notice& notice) {
-        Open(Inquiry());
+        Open(FilteredInquiry());
         Feed(notice);
         const std::string row = m_Screen->Next().substr(sizeof(OrderMessage));
         return row.substr(54, 15) + row.substr(161, 1);
@@ -95,24 +73,24 @@ TEST_F(FilteredOrders, LotsAndChannelsHaveTheirOwnRules) {
 TEST_F(FilteredOrders, TheFirstMessageHasTheInquirysRowsThatPass) {
     const std::string open = Row("0000001").Open("10");
     const std::string done = Row("0000002").Status("Done");
-    Open(Inquiry().Status('1').With(open).With(done));
+    Open(FilteredInquiry().Status('1').With(open).With(done));
     Expect(Message("U  -10", {open}));
-    Open(Inquiry().Status('3').With(open).With(done));
-    Open(Inquiry().Status('1'));
+    Open(FilteredInquiry().Status('3').With(open).With(done));
+    Open(FilteredInquiry().Status('1'));
     EXPECT_TRUE(Silent()) << "no row, no message";
-    Open(Inquiry().Status('7').With(open).With(done));
+    Open(FilteredInquiry().Status('7').With(open).With(done));
     Expect(Message("U  -10", {open, done}));
 
-    std::string negative = Inquiry();
+    std::string negative = FilteredInquiry();
     negative.replace(2 + offsetof(FilteredOrdersInit, Repeat), 4, "  -1");
     EXPECT_EQ(Init(negative), 0);
-    EXPECT_EQ(Init(Inquiry()), 1);
+    EXPECT_EQ(Init(FilteredInquiry()), 1);
     Feed(Filled("0000002", 1, "1"));
     EXPECT_EQ(m_Screen->Next().substr(27, 5), "  -12") << "a refused inquiry has emptied the list";
 }
 
 TEST_F(FilteredOrders, ARowThatComesIntoTheFilterIsNewToTheView) {
-    Open(Inquiry().Status('2'));
+    Open(FilteredInquiry().Status('2'));
     for (const char* number : {"0000001", "0000002", "0000003"}) {
         Feed(Sending(number, 100));
         EXPECT_TRUE(m_Screen->Empty());
@@ -133,7 +111,7 @@ TEST_F(FilteredOrders, ARowThatComesIntoTheFilterIsNewToTheView) {
 
 TEST_F(FilteredOrders, AnActionThatTurnsLeavesABlankTail) {
     const std::string shown = Row("0000001").Open("10").Status("Partial");
-    Open(Inquiry().Status('4').With(shown).With(Row("0000002").Open("10")));
+    Open(FilteredInquiry().Status('4').With(shown).With(Row("0000002").Open("10")));
     Expect(Message("U  -10", {shown}));
     Batch(Filled("0000001", 1, "7"), Filled("0000002", 1, "7"));
     const std::string promoted = Row("0000002").Open("9").Filled("1", Right("7", 15)).Status("Partial");
@@ -150,7 +128,8 @@ TEST_F(FilteredOrders, ShownRowsThatLeaveTheFilterAreWithdrawn) {
         return Row(number).Open("0").Filled("100", Right("7", 15)).Status("Done");
     };
     for (const char filter : {'1', '4'}) {
-        Inquiry inquiry = Inquiry().Status(filter).With(partial("0000001")).With(done("0000002"));
+        FilteredInquiry inquiry =
+            FilteredInquiry().Status(filter).With(partial("0000001")).With(done("0000002"));
         Open(inquiry.With(partial("0000003")).With(partial("0000004")));
         Expect(Message("U  -10", {partial("0000001"), partial("0000003"), partial("0000004")}));
         Feed(Filled("0000003", 10, "7"), Filled("0000001", 10, "7"));
@@ -163,7 +142,7 @@ TEST_F(FilteredOrders, ShownRowsThatLeaveTheFilterAreWithdrawn) {
 }
 
 TEST_F(FilteredOrders, AWindowMayStopTheListFromWithinItsMessage) {
-    Open(Inquiry().Status('1').With(Row("0000001").Open("10")).With(Row("0000002").Open("10")));
+    Open(FilteredInquiry().Status('1').With(Row("0000001").Open("10")).With(Row("0000002").Open("10")));
     m_Screen->Next();
     Feed(Filled("0000001", 10, "7"), Filled("0000002", 10, "7"));
     m_Screen->OnNextMessage([&] { m_Screen->Stop(); });

@@ -176,15 +176,6 @@ TEST_F(Module, AWindowMayFeedAndCloseBatchesWithinItsMessage) {
     }
 }
 
-TEST_F(Module, AWindowMayStartAChartOverFromWithinItsMessage) {
-    m_Screen = m_Terminal.Open("RSCAND11_R", CandleInquiry("1ASII", 'E'));
-    m_Screen->OnNextMessage([&] { EXPECT_EQ(Init(CandleInquiry("1ASII", 'D')), 0); });
-    Feed(Bar("1ASII", "090300"));
-    EXPECT_EQ(Init(CandleInquiry("1ASII", 'E')), 1);
-    Feed(Bar("1ASII", "090300"));
-    EXPECT_FALSE(m_Screen->Empty());
-}
-
 TEST_F(Module, ADecoderKnowsItsMapAndIsSilentWhereNothingChangedOrItStopped) {
     const SampleWorld world;
     for (const Sample& sample : Samples()) {

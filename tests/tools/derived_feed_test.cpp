@@ -153,22 +153,19 @@ TEST_F(DerivedFeed, FaultsTakeTheirShareOfTheBarsAndLeaveTheRest) {
         return session;
     };
     const Session usual = read("");
-    const Session faulty = read("--late-bars 20 --doubled-bars 10 --missing-bars 30");
+    const Session faulty = read("--late-bars 20 --missing-bars 30");
     EXPECT_TRUE(usual.Others == faulty.Others);
     double late = 0;
-    double doubled = 0;
     for (const auto& [bar, times] : faulty.Bars) {
         ASSERT_TRUE(usual.Bars.contains(bar));
         const auto delay = times.front() - usual.Bars.at(bar).front();
         EXPECT_TRUE(delay == seconds(0) || (delay >= seconds(7) && delay <= seconds(90)));
         late += delay > seconds(0) ? 1 : 0;
-        doubled += times.size() == 2 ? 1 : 0;
     }
     const auto came = static_cast<double>(faulty.Bars.size());
     EXPECT_GT(usual.Bars.size(), 1000U);
     EXPECT_NEAR(came / static_cast<double>(usual.Bars.size()), 0.7, 0.05);
     EXPECT_NEAR(late / came, 0.2, 0.05);
-    EXPECT_NEAR(doubled / came, 0.1, 0.04);
 }
 
 TEST(Index, IsTheMeanOfItsMembersAgainstTheirBases) {

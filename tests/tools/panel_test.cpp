@@ -123,32 +123,19 @@ TEST_F(PanelTest, BookAsALadderAndBoardWithAlarms) {
     EXPECT_NE(board.find("\n  armed   ASII   "), std::string::npos) << board;
 }
 
-// A monitor of groups follows the stocks' own trades, one of the whole market the compact ones.
-TEST_F(PanelTest, MonitorOfGroupsAndOfTheWholeMarket) {
+TEST_F(PanelTest, MonitorOfGroups) {
     Trade(1005, 3);
     Trade(995, 20);
     EndBatch();
     File("Interest.ini", "[GROUP001]\nITEM001=1ASII      shares\n");
     File("TradeMonEnv.ini",
          "[TRADE_MONITOR]\nALL=0\nVOLUME=1\n[FAVOURITES]\nSELECTEDGROUP=001\n[VOLUME]\nFROM=10\n");
-    const std::string monitor = "RSFLDN01_R -\n";
-    const std::string ofGroups = Replay("", monitor);
+    const std::string ofGroups = Replay("", "RSFLDN01_R -\n");
     EXPECT_NE(ofGroups.find("  Broker2\n  090000  00000001  ASII  4           995  5  "), std::string::npos)
         << ofGroups;
     EXPECT_EQ(Summary.substr(Summary.find("  request")),
               "  request K11OI060, 52 bytes: \"   311ASII      \\x80\\x00\\x00\\x0012ASII      "
               "\\x80\\x00\\x00\\x00\"...\n");
-    const ScratchFolder none;
-    const std::string master = File("master", "stock ASII shares\nbroker B01 one 1\nbroker B03 three 2\n");
-    const std::string ofAll = Replay("--user-dir " + none.Path(".") + " --master " + master, monitor);
-    EXPECT_EQ(ofAll.substr(0, ofAll.find('\n')), "RSFLDN01_R -: 1 message, 2 rows");
-    const std::string brokers =
-        "  1                D             4           B01      4                F             1           "
-        "B03\n\n";
-    EXPECT_TRUE(ofAll.ends_with(brokers)) << ofAll;
-    EXPECT_EQ(Summary.substr(Summary.find("  request")),
-              "  request K11OI031, 14 bytes: \"10001520001*|$\"\n"
-              "  request K11OI031, 14 bytes: \"20001520001*|$\"\n");
 }
 
 // The module would not send these.
