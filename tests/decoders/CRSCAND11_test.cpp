@@ -1,3 +1,5 @@
+#include <array>
+
 #include "layouts/RSCAND11.h"
 #include "tests/support/inquiries.h"
 #include "tests/support/terminal.h"
@@ -79,25 +81,17 @@ TEST_F(StockChart, AFullTurnOfAThreeMinuteBucket) {
 // The boundary shows by what rolls: a trade at the boundary stays out of the next candle, one a second later
 // is in. The first row shows whether the inquiry's candle was finished.
 TEST_F(StockChart, TheInquirysRowSetsTheBoundaryAndTheFirstAction) {
-    struct Case {
-        char Period;
-        const char* RowTime;
-        const char* Boundary;
-        const char* After;
-        char FirstAction;
-    };
-    for (const Case& c : std::vector<Case>{{'C', "090030", "090100", "090101", '1'},
-                                           {'C', "090100", "090200", "090201", '2'},
-                                           {'E', "090300", "090600", "090601", '2'},
-                                           {'G', "095501", "100000", "100001", '1'},
-                                           {'H', "101000", "102000", "102001", '2'},
-                                           {'I', "114459", "114500", "114501", '1'},
-                                           {'K', "100000", "110000", "110001", '2'}}) {
-        SCOPED_TRACE(std::string(1, c.Period) + " " + c.RowTime);
-        Open(CandleInquiry("1ASII", c.Period).Row(Newest(c.RowTime)));
-        Feed(At(c.Boundary, 1000, 100));
-        EXPECT_EQ(Traded(c.After, 1)[0], c.FirstAction);
-        Feed(Bar("1ASII", c.Boundary));
+    const std::array<std::string, 5> cases[] = {
+        {"C", "090030", "090100", "090101", "1"}, {"C", "090100", "090200", "090201", "2"},
+        {"E", "090300", "090600", "090601", "2"}, {"G", "095501", "100000", "100001", "1"},
+        {"H", "101000", "102000", "102001", "2"}, {"I", "114459", "114500", "114501", "1"},
+        {"K", "100000", "110000", "110001", "2"}};
+    for (const auto& [period, rowTime, boundary, after, firstAction] : cases) {
+        SCOPED_TRACE(period + " " + rowTime);
+        Open(CandleInquiry("1ASII", period[0]).Row(Newest(rowTime)));
+        Feed(At(boundary, 1000, 100));
+        EXPECT_EQ(Traded(after, 1).substr(0, 1), firstAction);
+        Feed(Bar("1ASII", boundary));
         EXPECT_EQ(NextShort()[0], '1');
         EXPECT_EQ(Traded("235958", 2)[0], '2');
         EXPECT_EQ(Traded("235959", 4), "1 235959          7");

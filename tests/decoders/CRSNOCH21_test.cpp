@@ -196,10 +196,10 @@ TEST_F(OpenOrders, EachMessageStandsInTheLogBeforeItIsSent) {
     const std::size_t zero = cleared.find('\0');
     EXPECT_TRUE(logged(std::string(366 - zero, ' ') + cleared.substr(0, zero)));
 
-    // Wider than what is written at once.
-    EXPECT_EQ(Init(OrdersInquiry(Rows(30, ExpectedRow("0000004").Open("10")))), 1);
+    // Wider than what is written at once, and in whole pieces: an empty line ends it.
+    EXPECT_EQ(Init(OrdersInquiry(Rows(455, ExpectedRow("0000004").Open("10")))), 1);
     Batch(Filled("0000004", 1, "1"));
-    EXPECT_TRUE(logged(m_Screen->Next().substr(0, 195 + 30 * 171)));
+    EXPECT_TRUE(logged(m_Screen->Next().substr(0, 195 + 455 * 171)));
 
     drive.reset();
     Feed(Accepted("0000005", 100));

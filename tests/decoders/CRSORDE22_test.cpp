@@ -36,6 +36,18 @@ TEST_F(FilteredOrders, AnOrderIsFollowedFromItsSendingWithItsAveragePrice) {
     EXPECT_EQ(Told(), Events(6, "view")) << "this list never tells that it has changed";
 }
 
+TEST_F(FilteredOrders, AnAmendmentMakesItsRowWithItsConfirmation) {
+    Open(FilteredInquiry().With(Row("0000001").Open("100")));
+    m_Screen->Next();
+    Feed(Sending("0000002", 80, '2').Parent("0000001"), Amendment("0000002", "0000001", 80, '0'));
+    EXPECT_TRUE(Silent());
+    Feed(Amendment("0000002", "0000001", 80, '2'));
+    ExpectNew(Row("0000002").Ordered("80").Open("80"));
+    ExpectChanged({Row("0000001").Open("0").Status("Amended")});
+    Feed(Cancellation("0000003", "0000002", 80, '2'), Amendment("0000004", "0000002", 80, '2'));
+    ExpectChanged({Row("0000002").Ordered("80").Open("0").Status("Withdrawn")});
+}
+
 TEST_F(FilteredOrders, FiltersKeepNoticesOut) {
     const auto passes = [this](const FilteredInquiry& filter, const Notice& notice) {
         Open(filter);
@@ -51,7 +63,7 @@ TEST_F(FilteredOrders, FiltersKeepNoticesOut) {
              {FilteredInquiry().Side('1'), notice().Side('3'), notice().Side('2')},
              {FilteredInquiry().Side('0'), notice().Side('2'), notice()},
              {FilteredInquiry().Side('5'), notice().Side('3'), notice().Side('2')},
-             {FilteredInquiry().Board("NG"), notice().Board(""), notice()},
+             {FilteredInquiry().Board("NG"), notice().Board("ADV"), notice()},
              {FilteredInquiry().Board("RG"), notice().Board("R"), notice().Board("RG2")}}) {
         EXPECT_TRUE(passes(filter, in)) << std::string(filter);
         EXPECT_FALSE(passes(filter, out)) << std::string(filter);

@@ -46,15 +46,8 @@ TEST_F(StockPanelScreen, ATradeFillsItsFieldsAndLeavesTheInquirys) {
     expect(48, Right("12", 15) + Right("99999999999", 18) + Right("1", 8));
     expect(18, Right("26", 18));
     expect(49, Right("100000002037", 18));
-    const Trade trade = Trade("1ASII")
-                            .Price(1019)
-                            .Change('3', 20)
-                            .Day(1001, 1000, 999)
-                            .Best(1000, 1020)
-                            .Totals(123, 2147483647, 9876543210987)
-                            .Lot(100)
-                            .Volume(2)
-                            .Brokers('F', 'F');
+    Trade trade = Trade("1ASII").Price(1019).Change('3', 20).Day(1001, 1000, 999).Best(1000, 1020);
+    trade.Totals(123, 2147483647, 9876543210987).Lot(100).Volume(2).Brokers('F', 'F');
     EXPECT_EQ(After(trade), "P1" + fields);
 }
 

@@ -179,6 +179,13 @@ TEST_F(IndexChart, SendsUpdatesWithoutVolumeAndClosesBarsWithTheLiveValue) {
            {Candle({"20261120", "090100", "7000.123", "7000.123", "7000.123", "7000.123", "10"})});
 }
 
+TEST_F(IndexChart, TheDayShowsTheDaysOwnFigures) {
+    Open(CandleInquiry("COMP", 'L').Row(Newest("20261119")));
+    Batch(At("090200", 70100000, 5).Day(70000000, 70200000, 69900000).TotalVolume(77));
+    Expect("L2", "7010.000", "77",
+           {Candle({"20261120", "090200", "7000.000", "7020.000", "6990.000", "7010.000", "77"})});
+}
+
 TEST_F(IndexChart, ATickListSendsEveryUpdate) {
     Open(CandleInquiry("COMP", 'A'));
     Feed(At("090200", 70100000, 0).Value(-5), IndexUpdate("COMX"));

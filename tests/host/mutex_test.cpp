@@ -45,7 +45,6 @@ TEST(Mutex, NestsInItsThreadAndExcludesOthers) {
         EXPECT_FALSE(ReleaseMutex(mutex));
         EXPECT_EQ(Tried(mutex, 1), WAIT_OBJECT_0);
         EXPECT_TRUE(CloseHandle(mutex));
-
     }
     HANDLE first = CreateMutexA(nullptr, TRUE, "");
     HANDLE second = CreateMutexA(nullptr, FALSE, "");

@@ -132,8 +132,6 @@ TEST_F(BadInputTest, WorkspaceLines) {
          "1ASII:ABCD,COMP:EF"},
         {"RRPASS01_R 1ASII:AE\n",
          ":1: item \"1ASII:AE\" mixes packet types of codes of several kinds; give E an item of its own"},
-        {"RSITST01_R 1ASII,2ASII\n",
-         ":1: key \"2ASII\" is not of board 1, as the interest board's stocks are"},
         {"RSTICK11_R 1ASII Price=1\n",
          ":1: field \"Price\" may be each of Head.Price, Row.Price; name one in full"},
         {"RSTICK11_R 1ASII Date=202611201\n",

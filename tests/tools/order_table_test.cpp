@@ -132,8 +132,7 @@ TEST(OrderScreens, FollowAGeneratedSession) {
     EXPECT_NE(warned.Text.find(" RSORDE22_R ACC001: update of order \"0"), std::string::npos);
     EXPECT_NE(warned.Text.find(" warnings of messages that contradict their table\n"), std::string::npos);
     const Outcome stopped = RunTool("tickreplay", "--strict " + filtered + " " + path);
-    EXPECT_EQ(stopped.Status, 1);
-    EXPECT_EQ(stopped.Text.find("tickreplay: 09:"), 0U) << stopped.Text;
+    EXPECT_TRUE(stopped.Status == 1 && stopped.Text.starts_with("tickreplay: 09:")) << stopped.Text;
 }
 
 }  // namespace
