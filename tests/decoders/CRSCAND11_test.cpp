@@ -1,3 +1,5 @@
+#include <array>
+
 #include "layouts/RSCAND11.h"
 #include "tests/support/inquiries.h"
 #include "tests/support/terminal.h"
@@ -79,40 +81,20 @@ TEST_F(StockChart, AFullTurnOfAThreeMinuteBucket) {
 // The boundary shows by what rolls: a trade at the boundary stays out of the next candle, one a second later
 // is in. The first row shows whether the inquiry's candle was finished.
 TEST_F(StockChart, TheInquirysRowSetsTheBoundaryAndTheFirstAction) {
-    struct Case {
-        char Period;
-        const char* RowTime;
-        const char* Boundary;
-        const char* After;
-        char FirstAction;
-    };
-    for (const Case& c : std::vector<Case>{{'C', "090030", "090100", "090101", '1'},
-                                           {'C', "090100", "090200", "090201", '2'},
-                                           {'E', "090130", "090300", "090301", '1'},
-                                           {'E', "090300", "090600", "090601", '2'},
-                                           {'G', "095501", "100000", "100001", '1'},
-                                           {'H', "101000", "102000", "102001", '2'},
-                                           {'I', "114459", "114500", "114501", '1'},
-                                           {'J', "153001", "160000", "160001", '1'},
-                                           {'K', "100000", "110000", "110001", '2'}}) {
-        SCOPED_TRACE(std::string(1, c.Period) + " " + c.RowTime);
-        Open(CandleInquiry("1ASII", c.Period).Row(Newest(c.RowTime)));
-        Feed(At(c.Boundary, 1000, 100));
-        EXPECT_EQ(Traded(c.After, 1)[0], c.FirstAction);
-        Feed(Bar("1ASII", c.Boundary));
+    const std::array<std::string, 5> cases[] = {
+        {"C", "090030", "090100", "090101", "1"}, {"C", "090100", "090200", "090201", "2"},
+        {"E", "090300", "090600", "090601", "2"}, {"G", "095501", "100000", "100001", "1"},
+        {"H", "101000", "102000", "102001", "2"}, {"I", "114459", "114500", "114501", "1"},
+        {"K", "100000", "110000", "110001", "2"}};
+    for (const auto& [period, rowTime, boundary, after, firstAction] : cases) {
+        SCOPED_TRACE(period + " " + rowTime);
+        Open(CandleInquiry("1ASII", period[0]).Row(Newest(rowTime)));
+        Feed(At(boundary, 1000, 100));
+        EXPECT_EQ(Traded(after, 1).substr(0, 1), firstAction);
+        Feed(Bar("1ASII", boundary));
         EXPECT_EQ(NextShort()[0], '1');
         EXPECT_EQ(Traded("235958", 2)[0], '2');
         EXPECT_EQ(Traded("235959", 4), "1 235959          7");
-    }
-}
-
-TEST_F(StockChart, WithoutATimeOfTodayTheNextRowOpensACandle) {
-    for (const std::string& init : std::vector<std::string>{
-             CandleInquiry("1ASII", 'E'), CandleInquiry("1ASII", 'E').Row(Newest("      ")),
-             CandleInquiry("1ASII", 'E').Row(Newest("199900")), CandleInquiry("1ASII", 'B')}) {
-        Open(init);
-        Batch(At("090001", 1015, 5));
-        ExpectRow(init.substr(32, 1) + "2", "1015", "1000", {"090001", "1015", "1015", "1015", "1015", "5"});
     }
 }
 
@@ -153,21 +135,6 @@ TEST_F(StockChart, ARollTakesBackWhatCameBehindTheClosingBar) {
     ExpectRow("E1", "1000", "1000", {"090400", "1020", "1021", "1019", "1020", "9"});
 }
 
-TEST_F(StockChart, MinuteChartsCloseWithEveryBarAndLongerOnesNeverOpenWithAClosingOne) {
-    Open(CandleInquiry("1ASII", 'C').Row(Newest("090030")));
-    for (const char* row : {"1 090100         41", "2 090200          1", "2 090300          1"}) {
-        Feed(Bar("1ASII", std::string(row).substr(2, 6)));
-        EXPECT_EQ(NextShort(), row);
-    }
-    Open(CandleInquiry("1ASII", 'E').Row(Newest("090300")));
-    Feed(Bar("1ASII", "090600").Prices(5, 6, 4, 5).Volume(3));
-    ExpectRow("E1", "1000", "500", {"090600", "5", "6", "4", "5", "3"});
-    Feed(Bar("1ASII", "090700"));
-    EXPECT_EQ(NextShort(), "2 090700          1");
-    Feed(Bar("1ASII", "090800"));
-    EXPECT_EQ(NextShort(), "1 090800          2");
-}
-
 TEST_F(StockChart, HalfMinutesMergeBarsInSilenceAndSumsOfQuantitiesWrap) {
     Open(CandleInquiry("1ASII", 'B').Row(Newest("090945")));
     Feed(Bar("1ASII", "091000").Prices(1, 2000, 1, 1));
@@ -177,61 +144,25 @@ TEST_F(StockChart, HalfMinutesMergeBarsInSilenceAndSumsOfQuantitiesWrap) {
     EXPECT_EQ(Traded("091002", 2147483647), "1 091002 -214748360") << "-2147483608, cut to its field";
 }
 
-TEST_F(StockChart, TheDayFollowsTheDaysTotal) {
-    Open(CandleInquiry("1ASII", 'L').Row(Newest("160000")));
-    Feed(Bar("1ASII", "090100"));
-    EXPECT_TRUE(m_Screen->Empty());
-    Batch(At("090200", 1015, 5).TotalVolume(123456));
-    ExpectRow("L1", "1015", "123456", {"090200", "1000", "1015", "990", "1015", "123456"});
-    Open(CandleInquiry("1ASII", 'L').Row(Candle({"20261119", "160000", "1", "2", "1", "2", "9"})));
-    Batch(At("090200", 1015, 5).TotalVolume(77));
-    ExpectRow("L2", "1015", "77", {"090200", "1015", "1015", "1015", "1015", "77"});
-}
-
-TEST_F(StockChart, ATickListSendsEveryTradeAtTheBatchEnd) {
-    Open(CandleInquiry("1ASII", 'A').Row(Newest("090130")));
-    Feed(Bar("1ASII", "090200"), At("090200", 1015, 5).Value(7612500000));
-    Feed(At("090201", 1020, 1).TotalVolume(1001).Value(0), At("090201", 1020, 0));
-    EndBatchAt(0);
-    Expect("A2", "1020", "1001",
-           {Candle({"20261120", "090200", "1015", "1015", "1015", "1015", "5", "7612500000"}),
-            Candle({"20261120", "090201", "1020", "1020", "1020", "1020", "1", "0"})});
-    EXPECT_TRUE(m_Screen->Empty());
-}
-
-TEST_F(StockChart, RefusesBadInquiries) {
+TEST_F(StockChart, ARefusedInquiryKeepsItsKeyUnlessThePeriodAloneIsWrong) {
     Open(CandleInquiry("1ASII", 'E').Row(Newest("090130")));
     Told();
-    const std::string whole = CandleInquiry("1OTHER", 'E').Row(Newest("090130"));
-    m_Screen->RefusesEveryCutOf(whole);
-    EXPECT_EQ(Init(whole + " "), 0);
     EXPECT_EQ(Init(CandleInquiry("1OTHER", 'E').Row(Newest("090130")).Row(Newest("090200"))), 0);
     EXPECT_EQ(Init(CandleInquiry("1OTHER", 'E').Dates("20261119", "20261120")), 0);
+    const std::string deleted[] = {Deleted('1', "1ASII", "90000000"), Deleted('1', "1OTHER", "90000000")};
     m_Screen->Release();
-    EXPECT_EQ(Told(), Events{Deleted('1', "1ASII", "90000000")}) << "the former key had stayed";
-}
-
-TEST_F(StockChart, APeriodWithoutARuleLeavesTheSubscriptionsAndTakesTheKey) {
+    EXPECT_EQ(Told(), Events{deleted[0]});
     for (const char period : {'D', 'F', 'M', ' ', '1'}) {
-        Open(CandleInquiry("1ASII", 'E').Row(Newest("090130")));
-        Told();
         EXPECT_EQ(Init(CandleInquiry("1OTHER", period)), 0) << period;
         EXPECT_EQ(Told(), Events{});
         EXPECT_EQ(Init(CandleInquiry("1ASII", 'E')), 1);
-        EXPECT_EQ(Told(), (Events{Added('1', "1ASII", "90000000"), Deleted('1', "1OTHER", "90000000")}));
+        EXPECT_EQ(Told(), (Events{Added('1', "1ASII", "90000000"), deleted[1]}));
     }
-}
-
-TEST_F(StockChart, GivesUpItsSubscriptionInEveryPeriodButTheTickList) {
-    for (const char period : {'A', 'B', 'C', 'E', 'G', 'H', 'I', 'J', 'K', 'L'}) {
-        for (const bool release : {true, false}) {
-            Open(CandleInquiry("1ASII", period));
-            Told();
-            release ? void(m_Screen->Release()) : m_Screen->Unregister();
-            EXPECT_EQ(Told(), period == 'A' ? Events{} : Events{Deleted('1', "1ASII", "90000000")}) << period;
-            m_Screen->Unregister();
-            EXPECT_EQ(Told(), Events{}) << period;
-        }
+    for (const char period : {'B', 'C', 'E', 'G', 'H', 'I', 'J', 'K', 'L', 'A'}) {
+        Open(CandleInquiry("1ASII", period));
+        Told();
+        m_Screen->Unregister();
+        EXPECT_EQ(Told(), period == 'A' ? Events{} : Events{deleted[0]}) << "only ticks stay asked for";
     }
 }
 

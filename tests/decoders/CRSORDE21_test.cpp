@@ -4,24 +4,20 @@
 
 namespace {
 
-std::string Inquiry(const Rows& rows = {}) {
-    return "O1" + std::string(kUserField) + "?" + BlockOf(rows, "171");
-}
-
 class OrderList : public OrderScreen {
 protected:
     OrderList() : OrderScreen("RSORDE21_R") {}
 
     // The inquiry's rows have gone out already.
     void OpenWith(const Rows& rows) {
-        Open(Inquiry(rows));
+        Open(OrdersInquiry(rows));
         Feed(Filled("0999999", 1, "1"));
         Skip();
     }
 };
 
 TEST_F(OrderList, AFilledOrderStaysAsDone) {
-    Open(Inquiry());
+    Open(OrdersInquiry());
     Feed(Accepted("0000001", 100));
     Skip();
     Feed(Filled("0000001", 60, "995"), Filled("0000001", 40, "990"));
@@ -33,7 +29,7 @@ TEST_F(OrderList, AFilledOrderStaysAsDone) {
 }
 
 TEST_F(OrderList, ANoticeThatIsRepeatedCountsOnce) {
-    Open(Inquiry());
+    Open(OrdersInquiry());
     Feed(Accepted("0000001", 100));
     Skip();
     const Notice fill = Filled("0000001", 10, "1000");
@@ -48,44 +44,12 @@ TEST_F(OrderList, ANoticeThatIsRepeatedCountsOnce) {
 
 TEST_F(OrderList, RefusalsShowButThatOfAnAcceptance) {
     OpenWith({ExpectedRow("0000001").Open("100")});
-    Feed(Notice("0000001").Result('1'), Notice("0000002").Result('1'));
-    Feed(Notice("0000001").Code('1', '2', '1').Result('1'));
-    Feed(Notice("0000001").Code('2', '2', '2').Result('2'));
+    Feed(Notice("0000001").Result('1'), Notice("0000001").Code('2', '2', '2').Result('2'));
     EXPECT_TRUE(Silent());
     Feed(Notice("0000001").Code('2', '1', '1').Result('1'));
     ExpectChanged({ExpectedRow("0000001").Open("100").Status("Reject")});
     Feed(Notice("0000002").Code('2', '2', '1').Result('1'));
     ExpectNew(ExpectedRow("0000002").Status("Reject"));
-}
-
-TEST_F(OrderList, AnAmendmentClosesItsParentByTheParentsFills) {
-    const auto parent = [] { return ExpectedRow("0000001"); };
-    // As the acceptance of the amendment for 40 finds it, and after its confirmation.
-    for (const auto& [before, after] : std::vector<std::pair<ExpectedRow, ExpectedRow>>{
-             {parent().Open("100"), parent().Open("60").Status("")},
-             {parent().Open("100").Status(kBeingSentWord), parent().Open("60").Status(kAmendUnconfirmedWord)},
-             {parent().Open("60").Filled("40", "9"),
-              parent().Open("20").Filled("40", "9").Status(kBeingFilledWord)},
-             {parent().Open("40").Filled("60", "9"),
-              parent().NothingOpen().Filled("60", "9").Status(kFillingCompleteWord)},
-             {parent().Open("40").Filled("-1", "9"), parent().NothingOpen().Filled("-1", "9").Status("")}}) {
-        OpenWith({before});
-        Feed(Amendment("0000002", "0000001", 40, '0'));
-        Skip();
-        Feed(Amendment("0000002", "0000001", 40, '2').Board("TN"));
-        ExpectChanged({ExpectedRow("0000002").Ordered("40").Open("40").Board("TN", '1'), after});
-    }
-}
-
-TEST_F(OrderList, ACancellationClosesItsParentByItsOwnOpenQuantity) {
-    OpenWith({ExpectedRow("0000001").Open("100").Filled("1", "9").Status(kBeingSentWord)});
-    Feed(Cancellation("0000002", "0000001", 100, '0'));
-    Skip();
-    Feed(Cancellation("0000002", "0000001", 100, '2'));
-    ExpectChanged({ExpectedRow("0000002").Open("100").Status(kCancelConfirmedWord),
-                   ExpectedRow("0000001").NothingOpen().Filled("1", "9").Status(kBeingFilledWord)});
-    Feed(Cancellation("0000002", "0000001", 100, '2').Time("090001"), Accepted("0000002", 100));
-    EXPECT_TRUE(Silent()) << "confirmed, and past its acceptance";
 }
 
 TEST_F(OrderList, AConfirmationBeforeItsAcceptanceClosesTheParentAtOnce) {
@@ -99,43 +63,13 @@ TEST_F(OrderList, AConfirmationBeforeItsAcceptanceClosesTheParentAtOnce) {
     ExpectNew(ExpectedRow("0000002").Ordered("60").Open("60").Status(kCancelUnconfirmedWord));
     ExpectChanged({ExpectedRow("0000002").Ordered("60").Open("60").Status(kCancelConfirmedWord),
                    ExpectedRow("0000001").NothingOpen().Filled("40", "9").Status(kBeingFilledWord)});
-
-    Feed(Amendment("0000007", "0000005", 100, '2'));
-    ExpectNew(ExpectedRow("0000007").Open("100"));
-    ExpectChanged({ExpectedRow("0000005").NothingOpen().Status("Amended")});
-}
-
-TEST_F(OrderList, WithoutAParentAConfirmationChangesTheBoardOnly) {
-    OpenWith({ExpectedRow("0000002").Open("100")});
-    Feed(Cancellation("0000002", "0000001", 100, '2').Board("TN"));
-    Feed(Amendment("0000002", "0000001", 100, '2').Board("TN"));
-    EXPECT_TRUE(Silent());
-    Feed(Filled("0000002", 1, "9").Board("TN"));
-    ExpectChanged({ExpectedRow("0000002").Open("99").Filled("1", "9").Status("Partial").Board("TN", '1')});
-}
-
-TEST_F(OrderList, AnAcceptanceOfAListedOrderGoesByItsWord) {
-    for (const std::string& before :
-         {std::string("Open"), std::string(kBeingSentWord), kAcceptanceRefusedWord + std::string("!")}) {
-        OpenWith({ExpectedRow("0000001").Status(before)});
-        Feed(Amendment("0000001", "0000000", 100, '0'));
-        ExpectChanged({ExpectedRow("0000001").Status(kAmendUnconfirmedWord)});
-    }
-    for (const char* past :
-         {kAcceptanceRefusedWord, kAmendUnconfirmedWord, kBeingFilledWord, kCancelConfirmedWord}) {
-        OpenWith({ExpectedRow("0000001").Status(past)});
-        Feed(Amendment("0000001", "0000000", 100, '0'));
-        EXPECT_TRUE(Silent()) << past;
-    }
 }
 
 TEST_F(OrderList, TheInquiryNeedsItsHeadAndExactlyItsRows) {
-    Open(Inquiry({ExpectedRow("0000001")}));
-    m_Screen->RefusesEveryCutOf(Inquiry({ExpectedRow("0000002")}));
-    EXPECT_EQ(Init(Inquiry().substr(0, 31)), 0);
-    EXPECT_EQ(Init("O1" + std::string(kUserField) + "?" + Block("-1", "171")), 0);
-    EXPECT_EQ(Init(Inquiry().substr(0, 32)), 1) << "without rows the last reserved byte may be missing";
-    EXPECT_EQ(Init(Inquiry() + "more"), 1) << "and what follows is not looked at";
+    Open(OrdersInquiry({ExpectedRow("0000001")}));
+    EXPECT_EQ(Init("O1ACC0010" + Block("-1", "171")), 0);
+    EXPECT_EQ(Init(OrdersInquiry().substr(0, 32)), 1) << "without rows the last reserved byte may be missing";
+    EXPECT_EQ(Init(OrdersInquiry() + "more"), 1) << "and what follows is not looked at";
 }
 
 }  // namespace

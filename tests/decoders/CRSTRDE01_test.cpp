@@ -46,88 +46,38 @@ TEST_F(StockPanelScreen, ATradeFillsItsFieldsAndLeavesTheInquirys) {
     expect(48, Right("12", 15) + Right("99999999999", 18) + Right("1", 8));
     expect(18, Right("26", 18));
     expect(49, Right("100000002037", 18));
-    const Trade trade = Trade("1ASII")
-                            .Price(1019)
-                            .Change('3', 20)
-                            .Day(1001, 1000, 999)
-                            .Best(1000, 1020)
-                            .Totals(123, 2147483647, 9876543210987)
-                            .Lot(100)
-                            .Volume(2)
-                            .Brokers('F', 'F');
+    Trade trade = Trade("1ASII").Price(1019).Change('3', 20).Day(1001, 1000, 999).Best(1000, 1020);
+    trade.Totals(123, 2147483647, 9876543210987).Lot(100).Volume(2).Brokers('F', 'F');
     EXPECT_EQ(After(trade), "P1" + fields);
-}
-
-TEST_F(StockPanelScreen, TheBookFillsSide2First) {
-    Open("021045", Blank(21, 45));
-    After(Trade("1ASII").Price(1000).Change('5', 10));  // base 1010
-    std::string expected = After(Book("1ASII").Side1(1010, 11, 111).Side2(1011, 22, 222));
-    EXPECT_EQ(expected.substr(2, 58),
-              "1 " + Right("1011", 12) + "5 " + Right("1010", 12) + Right("22", 15) + Right("11", 15));
-    EXPECT_EQ(expected.substr(expected.size() - 30), Right("222", 15) + Right("111", 15));
-    EXPECT_EQ(After(Book("1BBCA")), "nothing");
 }
 
 TEST_F(StockPanelScreen, WhatTheRangeDoesNotReachIsNotTaken) {
     Open("003020", Blank(3, 20));
     EXPECT_EQ(After(Book("1ASII")), "nothing") << "no book field";
-    Open("003021", Blank(3, 21));
-    EXPECT_NE(After(Book("1ASII")), "nothing");
     Open("018027", Right("7", 18) + Blank(19, 27));
     EXPECT_EQ(After(Trade("1ASII")).substr(2, 18), Right("7", 18)) << "field 28 is out of reach";
-    Open("028050", Blank(28, 50));
-    EXPECT_EQ(After(Trade("1ASII").Brokers('D', 'F')).substr(2 + 628, 41), std::string(41, ' '));
-}
-
-TEST_F(StockPanelScreen, RunningGroupsFollowTheForeignBroker) {
-    const auto groups = [this](const Trade& trade) {
-        Open("048053", Blank(48, 53));
-        return After(trade).substr(2);
-    };
-    const std::string blank = Blank(48, 50);
-    EXPECT_EQ(groups(Trade("1ASII").Brokers('D', 'D')), blank + blank);
-    EXPECT_EQ(groups(Trade("1ASII").Price(5).Volume(3).Brokers('D', 'F')),
-              blank + Right("3", 15) + Right("15", 18) + Right("1", 8));
-    EXPECT_EQ(groups(Trade("1ASII").Price(65536).Volume(65536).Brokers('F', 'D')),
-              Right("65536", 15) + Right("0", 18) + Right("1", 8) + blank)
-        << "the product wraps at 32 bits";
-    After(Trade("1ASII").Price(5).Volume(0).Brokers('F', 'D'));
-    EXPECT_EQ(After(Trade("1ASII").Price(5).Volume(-1).Brokers('F', 'D')).substr(2),
-              Right("65535", 15) + Right("-5", 18) + Right("3", 8) + blank);
-}
-
-TEST_F(StockPanelScreen, RatesStandAgainstTheInquirysBaseOrThePackets) {
-    const auto rate = [this](const std::string& base, const Trade& trade) {
-        Open("004010", "  " + Right(base, 12) + Blank(5, 10));
-        return After(trade).substr(2 + 60 - 8, 8);
-    };
-    EXPECT_EQ(rate("1000", Trade("1ASII").Price(1019).Change('2', 1)), "1   1.90");
-    EXPECT_EQ(rate("1000", Trade("1ASII").Price(981).Change('5', 1)), "4  -1.90");
-    EXPECT_EQ(rate("1000", Trade("1ASII").Price(1006).Change('0', 1)), "5   0.60") << "flat: no bias";
-    EXPECT_EQ(rate("", Trade("1ASII").Price(1010).Change('2', 10)), "1   1.00");
-    EXPECT_EQ(rate("", Trade("1ASII").Price(10).Change('2', 10)), "1   0.00") << "a base of zero";
     Open("017017", ".." + Right("9", 12));
     EXPECT_EQ(After(Trade("1ASII").Totals(1, 0, 5)), "P1.." + std::string(12, ' '))
         << "no average without volume";
 }
 
-TEST_F(StockPanelScreen, RefusesRangesAndLengthsThatDoNotFit) {
+TEST_F(StockPanelScreen, RunningGroupsFollowTheForeignBrokerAndWrapAt32Bits) {
+    Open("048053", Blank(48, 53));
+    const auto groups = [this](const Trade& trade) { return After(trade).substr(2); };
+    EXPECT_EQ(groups(Trade("1ASII").Brokers('D', 'D')), Blank(48, 53));
+    EXPECT_EQ(groups(Trade("1ASII").Price(65536).Volume(65536).Brokers('F', 'D')),
+              Right("65536", 15) + Right("0", 18) + Right("1", 8) + Blank(51, 53));
+    EXPECT_EQ(groups(Trade("1ASII").Price(5).Volume(-1).Brokers('F', 'D')),
+              Right("65535", 15) + Right("-5", 18) + Right("2", 8) + Blank(51, 53));
+}
+
+TEST_F(StockPanelScreen, RefusesRangesThatDoNotFit) {
     Open("003012", Blank(3, 12));
-    After(Trade("1ASII"));
     Told();
     for (const char* range : {"005004", "000056", "055999", "-01003", "999999"}) {
         EXPECT_EQ(Init(Inquiry("1BBCA", range, Blank(0, 55))), 0) << range;
     }
-    const std::string whole = Inquiry("1BBCA", "003003", Blank(3, 3));
-    m_Screen->RefusesEveryCutOf(whole);
-    EXPECT_EQ(Init(whole + " "), 0);
     EXPECT_EQ(Told(), Events{});
-    EXPECT_EQ(Init(whole), 1);
-    EXPECT_EQ(Told(), (Events{Added('1', "1BBCA", "a0000000"), Deleted('1', "1ASII", "a0000000")}));
-    EXPECT_EQ(After(Trade("1BBCA").Price(7)), "P11 " + Right("7", 12));
-    m_Screen->Release();
-    m_Screen->Unregister();
-    EXPECT_EQ(Told(), (Events{"view", Deleted('1', "1BBCA", "a0000000")}));
 }
 
 }  // namespace

@@ -16,7 +16,11 @@
 
 namespace {
 
+#if defined(NDEBUG) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 constexpr int kRandomValues = 100000;
+#else
+constexpr int kRandomValues = 10000;
+#endif
 
 // What a writer leaves in a field of `len` bytes.
 template <class Write>
@@ -36,6 +40,13 @@ std::string Int64(int64_t value, int len) {
 
 std::string Double(double value, int len, int dec) {
     return Field(len, [=](char* dst) { DoubleToAscii(value, dst, len, dec); });
+}
+
+template <std::size_t Len, int Dec>
+std::string Inlined(double value) {
+    char field[Len];
+    Put<Dec>(field, value);
+    return {field, Len};
 }
 
 template <class... Arguments>
@@ -69,6 +80,7 @@ TEST(Codecs, IntegersAreRightAlignedAndLoseTheirLowDigits) {
     }
 }
 
+// The last three have the widths and decimals of screens, which take another way.
 TEST(Codecs, DecimalsAreTheNearestTextOfTheExactValueTiesToEven) {
     EXPECT_EQ(Double(0.0, 6, 2) + Double(-0.0, 6, 2), "  0.00 -0.00");
     EXPECT_EQ(Double(-0.004, 6, 2), " -0.00");
@@ -79,59 +91,17 @@ TEST(Codecs, DecimalsAreTheNearestTextOfTheExactValueTiesToEven) {
     for (int i = 0; i < kRandomValues; ++i) {
         const int len = 3 + static_cast<int>(random() % 28);
         const int dec = static_cast<int>(random() % 7);
-        const auto any = std::bit_cast<double>(random());
-        const double scaled = static_cast<double>(static_cast<int32_t>(random())) / 10000.0;
-        const double tie = static_cast<double>(static_cast<int32_t>(random())) / 1024.0;
-        for (const double centre : {any, scaled, tie, 1e300}) {
+        const auto any = std::bit_cast<double>(random() >> (i % 2 * 12));  // now and then too small to print
+        const auto whole = static_cast<double>(static_cast<int64_t>(random()) >> (13 + random() % 50));
+        const double rate = static_cast<double>(static_cast<int32_t>(random()) % 100000) / 997.0;
+        for (const double centre : {any, whole / 10000.0, whole / 1024.0, whole / 32.0, rate}) {
             for (const double value :
                  {centre, std::nextafter(centre, 1e308), std::nextafter(centre, -1e308)}) {
                 ASSERT_EQ(Double(value, len, dec), Printed(len, "%*.*f", dec, value)) << value;
+                ASSERT_EQ((Inlined<6, 2>(value)), Printed(6, "%*.*f", 2, value)) << value;
+                ASSERT_EQ((Inlined<15, 4>(value)), Printed(15, "%*.*f", 4, value)) << value;
+                ASSERT_EQ((Inlined<18, 0>(value)), Printed(18, "%*.*f", 0, value)) << value;
             }
-        }
-    }
-}
-
-// The widths and decimals that screens have, tens of millions of times where nothing slows the run down.
-TEST(Codecs, FastDecimalsAreTheFormattedPrint) {
-#if defined(NDEBUG) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-    constexpr int kRounds = 800000;
-#else
-    constexpr int kRounds = 20000;
-#endif
-    constexpr struct {
-        int Length;
-        int Decimals;
-    } kFields[] = {{6, 2}, {12, 4}, {15, 4}, {12, 3}, {18, 0}};
-    std::mt19937_64 random(4);
-    for (int i = 0; i < kRounds; ++i) {
-        const auto whole = static_cast<double>(static_cast<int64_t>(random()) >> (13 + random() % 50));
-        const double rate = static_cast<double>(static_cast<int32_t>(random()) % 100000) / 997.0;
-        const double tie = whole / 32.0;  // at up to four decimals
-        const double tiny = std::bit_cast<double>(random() >> 12) * (i % 2 == 0 ? 1.0 : -1.0);
-        for (const double value : {whole / 10000.0, rate, tie, std::nextafter(tie, 1e300),
-                                   std::nextafter(tie, -1e300), tiny, i % 2 == 0 ? 0.0 : -0.0}) {
-            const auto& field = kFields[(static_cast<unsigned>(i) + random()) % std::size(kFields)];
-            char print[400];
-            char text[32];
-            std::snprintf(print, sizeof(print), "%*.*f", field.Length, field.Decimals, value);
-            DoubleToAscii(value, text, field.Length, field.Decimals);
-            char inlined[32];
-            switch (field.Length) {
-                case 6:
-                    Put<2>(*reinterpret_cast<char(*)[6]>(inlined), value);
-                    break;
-                case 15:
-                    Put<4>(*reinterpret_cast<char(*)[15]>(inlined), value);
-                    break;
-                case 18:
-                    Put<0>(*reinterpret_cast<char(*)[18]>(inlined), value);
-                    break;
-                default:
-                    std::memcpy(inlined, text, sizeof(text));
-            }
-            const auto length = static_cast<std::size_t>(field.Length);
-            ASSERT_EQ(std::string(text, length), std::string(print, length)) << value;
-            ASSERT_EQ(std::memcmp(inlined, text, length), 0) << value;
         }
     }
 }
@@ -187,11 +157,9 @@ TEST(Codecs, DecimalsAreReadAsTheScanOfTheLibraryDoes) {
 
 TEST(Codecs, SignsAndDirectionsGiveColors) {
     for (int c = 0; c < 256; ++c) {
-        const auto sign = static_cast<char>(c);
         char tag[2];
         const int direction = c >= '1' && c <= '4' ? 1 : c >= '5' && c <= '8' ? -1 : 0;
-        EXPECT_EQ(SignToColor(tag, sign), direction);
-        EXPECT_EQ(SignToColor(nullptr, sign), direction);
+        EXPECT_EQ(SignToColor(tag, static_cast<char>(c)), direction);
         EXPECT_EQ(std::string(tag, 2), direction > 0 ? "1 " : direction < 0 ? "4 " : "5 ");
     }
     EXPECT_EQ(DirectionFrom(10.0, 10.5), 1);
@@ -206,7 +174,6 @@ TEST(Codecs, TextIsCopiedToTheRightEnd) {
         });
     };
     EXPECT_EQ(copied("ABCDEFGHIJ", 15), "     ABCDEFGHIJ");
-    EXPECT_EQ(copied("ABCDEFGHIJ", 10), "ABCDEFGHIJ");
     EXPECT_EQ(copied("ABCDEFGHIJ", 4), "GHIJ");
     EXPECT_EQ(copied(std::string("AB\0DE", 5), 7), std::string("  AB\0\0\0", 7));
     EXPECT_EQ(copied(std::string("\0BCD", 4), 3), "BCD");

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <functional>
+#include <set>
 #include <thread>
 
 #include "framework/packet_decoder.h"
@@ -33,6 +35,7 @@ TEST_F(Module, KnowsItsMapsByTheirExactNames) {
         EXPECT_NE(GetPacketDecoderInst(handle), nullptr);
         EXPECT_EQ(UnregistMap(handle), 1);
     }
+    EXPECT_EQ(CHostRound(tickhost_create_window(nullptr, nullptr)), 1) << "a host in C";
 }
 
 TEST_F(Module, HandleZeroIsNone) {
@@ -41,10 +44,6 @@ TEST_F(Module, HandleZeroIsNone) {
     EXPECT_EQ(StopMap(0), 0);
     EXPECT_EQ(ReleaseMap(0), 0);
     EXPECT_EQ(UnregistMap(0), -1);
-}
-
-TEST_F(Module, PublicHeaderServesAHostInC) {
-    EXPECT_EQ(CHostRound(tickhost_create_window(nullptr, nullptr)), 1);
 }
 
 TEST_F(Module, DropsPacketsOfOtherLengthsAndTypes) {
@@ -113,6 +112,47 @@ TEST_F(Module, ServesMapsInOrderOfRegistrationAlsoAfterOneHasGone) {
     EXPECT_EQ(order, "6") << "who comes behind closed screens is told all the same";
 }
 
+// The deletes that take back these adds.
+Events Withdrawals(const Events& told) {
+    Events deletes;
+    for (const std::string& event : told) {
+        if (event.starts_with("add ")) {
+            deletes.push_back("delete " + event.substr(4));
+        }
+    }
+    return deletes;
+}
+
+bool IsDelete(const std::string& event) {
+    return event.starts_with("delete ");
+}
+
+TEST_F(Module, EveryMapRefusesCutTextsAddsBeforeItDeletesAndWithdrawsAllOnce) {
+    const SampleWorld world;
+    const std::set<std::string> takeMore = {"RINTIK11_R", "RRNEWS01_R", "RSDONE01_R",
+                                            "RSETFNAV_R", "RSFLDN01_R", "RSTRBK01_R"};
+    for (const Sample& sample : Samples()) {
+        SCOPED_TRACE(sample.Map);
+        m_Screen = m_Terminal.Open(sample.Map, sample.First);
+        const Events first = Told();
+        m_Screen->RefusesEveryCutOf(sample.Second);
+        const bool takesMore = takeMore.contains(sample.Map);
+        EXPECT_TRUE(takesMore || Init(sample.Second + " ") == 0);
+        EXPECT_EQ(Told(), Events{});
+        EXPECT_EQ(Init(sample.Second + (takesMore ? " " : "")), 1);
+        const Events moved = Told();
+        EXPECT_TRUE(std::is_partitioned(moved.begin(), moved.end(), std::not_fn(IsDelete)));
+        EXPECT_EQ(Events(std::find_if(moved.begin(), moved.end(), IsDelete), moved.end()),
+                  Withdrawals(first));
+        m_Screen->Stop();
+        EXPECT_EQ(Told(), Events{}) << "a stop keeps what is asked for";
+        m_Screen->Release();
+        EXPECT_EQ(Told(), Withdrawals(moved));
+        m_Screen->Unregister();
+        EXPECT_EQ(Told(), Events{});
+    }
+}
+
 TEST_F(Module, LifecycleCallsFreeWhatWaits) {
     Open(TickInquiry("1ASII"));
     m_Screen->StopFetching();
@@ -126,17 +166,6 @@ TEST_F(Module, LifecycleCallsFreeWhatWaits) {
         EXPECT_FALSE(m_Screen->Fetch());
     }
     EXPECT_EQ(Told(), Events{Deleted('1', "1ASII", "80000000")});
-}
-
-TEST_F(Module, AWindowThatHasGoneReceivesNothing) {
-    Open(TickInquiry("1ASII"));
-    auto fund = m_Terminal.Open("RSETFNAV_R", NavInquiry("1FUND"));
-    Told();
-    for (Screen* screen : {m_Screen.get(), fund.get()}) {
-        screen->CloseWindow();
-    }
-    Batch(Trade("1ASII"), Nav("1FUND").Value1("1"));
-    EXPECT_EQ(Told(), Events{});
 }
 
 TEST_F(Module, AWindowMayFeedAndCloseBatchesWithinItsMessage) {
@@ -155,49 +184,6 @@ TEST_F(Module, AWindowMayFeedAndCloseBatchesWithinItsMessage) {
     for (const char* price : {"1005", "1010", "1015"}) {
         EXPECT_NE(m_Screen->Next().find(Right(price, 12)), std::string::npos) << price;
     }
-}
-
-TEST_F(Module, TheCommunicationManagerMayCallBackFromWithinARequest) {
-    const std::string board =
-        "B1" + Block("2", "134", std::string(130, ' ') + "AAAA" + std::string(130, ' ') + "BBBB");
-    const std::string candle = std::string(8, ' ') + "090130" + std::string(52, ' ');
-    for (const auto& screen : std::vector<std::pair<std::string, std::string>>{
-             {"RSTICK11_R", TickInquiry("1ASII")},
-             {"RSETFNAV_R", NavInquiry("1FUND")},
-             {"RSCAND11_R", CandleInquiry("1ASII", 'L').Row(candle)},
-             {"RSCAND11_R", CandleInquiry("1ASII", 'K').Row(candle)},
-             {"RITRDE02_R", board}}) {
-        const auto& map = screen.first;
-        const auto& init = screen.second;
-        const std::string noPeriod = CandleInquiry("1ASII", 'D');
-        for (const auto& action :
-             std::vector<std::function<void()>>{[&] { m_Screen->Stop(); }, [&] { m_Screen->Release(); },
-                                                [&] { Init(init); }, [&] { Init(noPeriod); }}) {
-            m_Screen = m_Terminal.Open(map);
-            m_Terminal.OnNextRequest(action);
-            Init(init);
-            EXPECT_EQ(Init(init), 1) << map;
-            m_Terminal.OnNextRequest(action);
-            m_Screen->Release();
-            m_Screen->Unregister();
-            // Every code that was asked for is given up again.
-            const Events told = Told();
-            const auto count = [&told](const std::string& what) {
-                return std::count_if(told.begin(), told.end(),
-                                     [&what](const std::string& event) { return event.starts_with(what); });
-            };
-            EXPECT_LE(count("add"), count("delete")) << map;
-        }
-    }
-}
-
-TEST_F(Module, AWindowMayStartAChartOverFromWithinItsMessage) {
-    m_Screen = m_Terminal.Open("RSCAND11_R", CandleInquiry("1ASII", 'E'));
-    m_Screen->OnNextMessage([&] { EXPECT_EQ(Init(CandleInquiry("1ASII", 'D')), 0); });
-    Feed(Bar("1ASII", "090300"));
-    EXPECT_EQ(Init(CandleInquiry("1ASII", 'E')), 1);
-    Feed(Bar("1ASII", "090300"));
-    EXPECT_FALSE(m_Screen->Empty());
 }
 
 TEST_F(Module, ADecoderKnowsItsMapAndIsSilentWhereNothingChangedOrItStopped) {

@@ -45,6 +45,32 @@ inline std::string Head(const std::string& periodAndAction, const std::string& p
            std::string(44, '.');
 }
 
+// "1 1ASII ABCD": class, code, and which of the Want bytes are set.
+inline std::string Item(char chClass, const std::string& code, const std::string& want) {
+    return chClass + Left(code, 11) + Left(want, 8);
+}
+
+inline std::string PassThroughInquiry(const Rows& items) {
+    return Right(std::to_string(items.size()), 4) + Joined(items);
+}
+
+inline std::string IndexBoardInquiry(const Rows& codes, const std::string& size = "134") {
+    Rows rows;
+    for (const std::string& code : codes) {
+        rows.push_back(std::string(130, '.') + Left(code, 4));
+    }
+    return "B1" + BlockOf(rows, size);
+}
+
+inline std::string BookInquiry(const std::string& key, const std::string& block = Block("0", "108")) {
+    return "O1" + Left(key, 11) + "unread.." + block;
+}
+
+// Of our user. Behind the user field stands the first digit of the order numbers that open orders take.
+inline std::string OrdersInquiry(const Rows& rows = {}) {
+    return "O1ACC0010" + BlockOf(rows, "171");
+}
+
 class TickInquiry {
 public:
     explicit TickInquiry(const std::string& key) : m_Key(Left(key, sizeof(StockKey))) {}

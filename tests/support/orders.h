@@ -5,6 +5,7 @@
 #include <string>
 
 #include "layouts/Orders.h"
+#include "layouts/RSORDE22.h"
 #include "tests/support/fields.h"
 #include "tests/support/inquiries.h"
 #include "tests/support/packets.h"
@@ -108,6 +109,27 @@ public:
 
 private:
     OrderRow m_Row;
+};
+
+// The filters of the inquiry; blank lets everything through, and so does '0' for the status.
+class FilteredInquiry {
+public:
+    FilteredInquiry() { FillBlank(m_Init), Fill(m_Init.UserField, kUserField), Status('0'); }
+    FilteredInquiry& Group(const std::string& filter) { return Fill(m_Init.GroupFilter, filter), *this; }
+    FilteredInquiry& Code(const std::string& filter) { return Fill(m_Init.CodeFilter, filter), *this; }
+    FilteredInquiry& Status(char filter) { return m_Init.StatusFilter = filter, *this; }
+    FilteredInquiry& Side(char filter) { return m_Init.SideFilter = filter, *this; }
+    FilteredInquiry& Board(const std::string& filter) { return Fill(m_Init.BoardFilter, filter), *this; }
+    FilteredInquiry& With(const std::string& row) { return m_Rows.push_back(row), *this; }
+    operator std::string() const {  // NOLINT(google-explicit-constructor): stands for its text
+        FilteredOrdersInit init = m_Init;
+        Fill(init.Repeat.Count, Right(std::to_string(m_Rows.size()), 4));
+        return "O1" + Text(init) + Joined(m_Rows);
+    }
+
+private:
+    FilteredOrdersInit m_Init;
+    Rows m_Rows;
 };
 
 // Operation, index and action: "U  -12" is an update with new rows.

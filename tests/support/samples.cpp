@@ -8,7 +8,6 @@
 #include "layouts/RSCAND11.h"
 #include "layouts/RSITST01.h"
 #include "layouts/RSODER01.h"
-#include "layouts/RSORDE22.h"
 #include "layouts/RSTRBK01.h"
 #include "layouts/RSTRDE01.h"
 #include "tests/support/inquiries.h"
@@ -18,18 +17,6 @@
 namespace {
 
 // ------------------------------------------------------------------ Init texts
-
-std::string Item(char chClass, const std::string& code, const std::string& want) {
-    return chClass + Left(code, 11) + Left(want, 8);
-}
-
-std::string IndexBoard(const Rows& codes) {
-    Rows rows;
-    for (const std::string& code : codes) {
-        rows.push_back(std::string(sizeof(IndexBoardRow) - sizeof(IndexKey), '.') + Left(code, 4));
-    }
-    return "B1" + BlockOf(rows, "134");
-}
 
 std::string InterestBoard(const Rows& codes) {
     Rows rows;
@@ -42,22 +29,6 @@ std::string InterestBoard(const Rows& codes) {
 
 std::string IndexChart(const std::string& code, char period) {
     return "X1" + Left(code, 10) + period + Head("..") + BlockOf({Left("20261119", 44)}, "44");
-}
-
-std::string OrderBook(const std::string& key, const Rows& rows) {
-    return "O1" + Left(key, 11) + "unread.." + BlockOf(rows, "108");
-}
-
-std::string PassThrough(const Rows& items) {
-    return Right(std::to_string(items.size()), 4) + Joined(items);
-}
-
-std::string FilteredOrders(char status, const Rows& rows) {
-    FilteredOrdersInit init;
-    FillBlank(init);
-    Fill(init.UserField, kUserField);
-    init.StatusFilter = status;
-    return "O1" + Text(init).substr(0, offsetof(FilteredOrdersInit, Repeat)) + BlockOf(rows, "171");
 }
 
 std::string Panel(const std::string& key, const std::string& range, int width) {
@@ -75,65 +46,36 @@ const std::string kIndexCandle = "20261120090130" + Right("7000.000", 12) + Righ
 
 std::vector<Sample> MakeSamples() {
     return {
-        {"RDUMMY01_R",
-         "H1" + BlockOf({Item('1', "1ASII", "1111"), Item('A', "COMP", "1  1")}, "20"),
-         "H1" + BlockOf({Item('1', "1BBCA", " 1"), Item('1', "1ASII", "1")}, "20"),
-         {}},
-        {"RICAND11_R", CandleInquiry("COMP", 'C').Row(kIndexCandle), CandleInquiry("MAIN", 'E'), {}},
-        {"RINTIK01_R",
-         "X1COMP......." + Right("7000.00", 15) + "........",
-         "X1MAIN......." + Right("", 15) + "........",
-         {}},
-        {"RINTIK11_R", IndexChart("COMP", 'H'), IndexChart("MAIN", 'A'), {}},
-        {"RITRDE01_R", Panel("COMP", "0017", WidthOf(kIndexPanel)), Panel("MAIN", "0003", 43), {}},
-        {"RITRDE02_R", IndexBoard({"COMP", "MAIN"}), IndexBoard({"MAIN", "XXXX", "COMP"}), {}},
-        {"RRNEWS01_R", "N1" + std::string(20, '.') + "0.", "N1" + std::string(20, '.') + "2.", {}},
-        {"RRPASS01_R",
-         PassThrough({Item('1', "1ASII", "1111"), Item('A', "COMP", "1  1"), Item('M', "CODE1", "1"),
-                      Item('@', "SESSION", "1"), Item('N', "1ASII", "1"), Item('/', "", "11")}),
-         PassThrough({Item('1', "1BBCA", "1"), Item('/', "", "1"), Item('N', "1BBCA", "1")}),
-         {}},
-        {"RSBRSM01_R", "S1" + Left("1ASII", 11), "S1" + Left("1BBCA", 11), {}},
-        {"RSCAND11_R", CandleInquiry("1ASII", 'C').Row(kCandle), CandleInquiry("1BBCA", 'E'), {}},
-        {"RSDONE01_R",
-         "F1" + Left("1ASII", 11) + Right("1000", 12) + BlockOf({}, "79"),
-         "F1" + Left("1BBCA", 11) + Right("0", 12) + BlockOf({}, "79"),
-         {}},
-        {"RSETFNAV_R", NavInquiry("1ASII"), NavInquiry("1BBCA").Base("900"), {}},
-        {"RSFLDN01_R", "M1unread..", "M2unread..", {}},
-        {"RSITST01_R", InterestBoard({"ASII", "BBCA"}), InterestBoard({"BBCA", "XXXX", "ASII"}), {}},
-        {"RSNOCH21_R",
-         "O1" + std::string(kUserField) + "0" + BlockOf({}, "171"),
-         "O2" + std::string(kUserField) + "0" + BlockOf({kOpenOrder}, "171"),
-         {}},
-        {"RSODER01_R", OrderBook("1ASII", {}), OrderBook("1BBCA", {std::string(sizeof(BookRow), '1')}), {}},
-        {"RSORDE21_R",
-         "O1" + std::string(kUserField) + "?" + BlockOf({}, "171"),
-         "O2" + std::string(kUserField) + "?" + BlockOf({kOpenOrder}, "171"),
-         {}},
-        {"RSORDE22_R", FilteredOrders('0', {}), FilteredOrders('1', {kOpenOrder}), {}},
-        {"RSTICK11_R", TickInquiry("1ASII"), TickInquiry("1BBCA").Tag("T2"), {}},
-        {"RSTRBK01_R",
-         "V1" + Left("1ASII", 19) + BlockOf({}, "62"),
-         "V1" + Left("1BBCA", 19) + BlockOf(kPriceRows, "62"),
-         {}},
-        {"RSTRDE01_R", Panel("1ASII", "000055", WidthOf(kStockPanel)), Panel("1BBCA", "003003", 14), {}},
+        {"RDUMMY01_R", "", "H1" + BlockOf({Item('1', "1ASII", "1111"), Item('A', "COMP", "1  1")}, "20"),
+         "H1" + BlockOf({Item('1', "1BBCA", " 1"), Item('1', "1ASII", "1")}, "20")},
+        {"RICAND11_R", "EF", CandleInquiry("COMP", 'C').Row(kIndexCandle), CandleInquiry("MAIN", 'E')},
+        {"RINTIK01_R", "E", "X1COMP......." + Right("7000.00", 15) + "........",
+         "X1MAIN......." + Right("", 15) + "........"},
+        {"RINTIK11_R", "E", IndexChart("COMP", 'H'), IndexChart("MAIN", 'A')},
+        {"RITRDE01_R", "E", Panel("COMP", "0017", WidthOf(kIndexPanel)), Panel("MAIN", "0003", 43)},
+        {"RITRDE02_R", "E", IndexBoardInquiry({"COMP", "MAIN"}), IndexBoardInquiry({"MAIN", "XXXX", "COMP"})},
+        {"RRNEWS01_R", "T", "N1" + std::string(20, '.') + "0.", "N1" + std::string(20, '.') + "2."},
+        {"RRPASS01_R", "ABCDEFMN@T0",
+         PassThroughInquiry({Item('1', "1ASII", "1111"), Item('A', "COMP", "1  1"), Item('M', "CODE1", "1"),
+                             Item('@', "SESSION", "1"), Item('N', "1ASII", "1"), Item('/', "", "11")}),
+         PassThroughInquiry({Item('1', "1BBCA", "1"), Item('/', "", "1"), Item('N', "1BBCA", "1")})},
+        {"RSBRSM01_R", "C", "S1" + Left("1ASII", 11), "S1" + Left("1BBCA", 11)},
+        {"RSCAND11_R", "AD", CandleInquiry("1ASII", 'C').Row(kCandle), CandleInquiry("1BBCA", 'E')},
+        {"RSDONE01_R", "A", "F1" + Left("1ASII", 11) + Right("1000", 12) + BlockOf({}, "79"),
+         "F1" + Left("1BBCA", 11) + Right("0", 12) + BlockOf({}, "79")},
+        {"RSETFNAV_R", "N", NavInquiry("1ASII"), NavInquiry("1BBCA").Base("900")},
+        {"RSFLDN01_R", "AR", "M1unread..", "M2unread.."},
+        {"RSITST01_R", "AB", InterestBoard({"ASII", "BBCA"}), InterestBoard({"BBCA", "XXXX", "ASII"})},
+        {"RSNOCH21_R", "0", OrdersInquiry(), OrdersInquiry({kOpenOrder})},
+        {"RSODER01_R", "AB", BookInquiry("1ASII"),
+         BookInquiry("1BBCA", BlockOf({std::string(sizeof(BookRow), '1')}, "108"))},
+        {"RSORDE21_R", "0", OrdersInquiry(), OrdersInquiry({kOpenOrder})},
+        {"RSORDE22_R", "0", FilteredInquiry(), FilteredInquiry().Status('1').With(kOpenOrder)},
+        {"RSTICK11_R", "A", TickInquiry("1ASII"), TickInquiry("1BBCA").Tag("T2")},
+        {"RSTRBK01_R", "A", "V1" + Left("1ASII", 19) + BlockOf({}, "62"),
+         "V1" + Left("1BBCA", 19) + BlockOf(kPriceRows, "62")},
+        {"RSTRDE01_R", "AB", Panel("1ASII", "000055", WidthOf(kStockPanel)), Panel("1BBCA", "003003", 14)},
     };
-}
-
-// The packet types that each map takes.
-const char* TypesOf(const std::string& map) {
-    constexpr std::pair<const char*, const char*> kTypes[] = {
-        {"RDUMMY01_R", ""},   {"RICAND11_R", "EF"}, {"RINTIK01_R", "E"}, {"RINTIK11_R", "E"},
-        {"RITRDE01_R", "E"},  {"RITRDE02_R", "E"},  {"RRNEWS01_R", "T"}, {"RRPASS01_R", "ABCDEFMN@T0"},
-        {"RSBRSM01_R", "C"},  {"RSCAND11_R", "AD"}, {"RSDONE01_R", "A"}, {"RSETFNAV_R", "N"},
-        {"RSFLDN01_R", "AR"}, {"RSITST01_R", "AB"}, {"RSNOCH21_R", "0"}, {"RSODER01_R", "AB"},
-        {"RSORDE21_R", "0"},  {"RSORDE22_R", "0"},  {"RSTICK11_R", "A"}, {"RSTRBK01_R", "A"},
-        {"RSTRDE01_R", "AB"},
-    };
-    return std::find_if(std::begin(kTypes), std::end(kTypes),
-                        [&](const auto& each) { return map == each.first; })
-        ->second;
 }
 
 // ------------------------------------------------------------------ packets
@@ -204,10 +146,10 @@ const std::vector<Sample>& Samples() {
     static const std::vector<Sample> samples = [] {
         std::vector<Sample> made = MakeSamples();
         for (Sample& sample : made) {
-            const std::string types = TypesOf(sample.Map);
-            std::copy_if(
-                SamplePackets().begin(), SamplePackets().end(), std::back_inserter(sample.Packets),
-                [&types](const std::string& packet) { return types.find(packet[0]) < types.size(); });
+            std::copy_if(SamplePackets().begin(), SamplePackets().end(), std::back_inserter(sample.Packets),
+                         [&sample](const std::string& packet) {
+                             return sample.Types.find(packet[0]) != std::string::npos;
+                         });
         }
         return made;
     }();

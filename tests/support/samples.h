@@ -10,10 +10,11 @@
 
 struct Sample {
     std::string Map;
+    std::string Types;   // of the packets that it takes
     std::string First;   // an Init text
     std::string Second;  // of another key, list, range or period
     // Of each type that the map takes, for either text and for neither; on fresh orders.
-    std::vector<std::string> Packets;
+    std::vector<std::string> Packets = {};
 };
 
 // In order of the maps' names.

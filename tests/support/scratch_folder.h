@@ -2,8 +2,7 @@
 #ifndef TICKMUX_TESTS_SUPPORT_SCRATCH_FOLDER_H
 #define TICKMUX_TESTS_SUPPORT_SCRATCH_FOLDER_H
 
-#include <unistd.h>
-
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -11,15 +10,16 @@
 
 class ScratchFolder {
 public:
-    ScratchFolder()
-        : m_Path(std::filesystem::temp_directory_path() / ("tickhost-test-" + std::to_string(getpid()))) {
-        std::filesystem::create_directory(m_Path);
+    ScratchFolder() : m_Path((std::filesystem::temp_directory_path() / "tickmux-test-XXXXXX").string()) {
+        if (mkdtemp(m_Path.data()) == nullptr) {
+            std::abort();
+        }
     }
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
     ~ScratchFolder() { std::filesystem::remove_all(m_Path); }
 
-    std::string Path(const std::string& file) const { return (m_Path / file).string(); }
+    std::string Path(const std::string& file) const { return m_Path + "/" + file; }
     std::string Write(const std::string& file, const std::string& text) const {
         std::ofstream(Path(file), std::ios::binary) << text;
         return Path(file);
@@ -30,7 +30,7 @@ public:
     }
 
 private:
-    std::filesystem::path m_Path;
+    std::string m_Path;
 };
 
 #endif

@@ -49,30 +49,23 @@ protected:
     }
 
     ScratchFolder Folder;
-    const std::string Screens = Folder.File("good.workspace", "RSTICK11_R 1ASII\n");
+    const std::string Screens = Folder.Write("good.workspace", "RSTICK11_R 1ASII\n");
 };
 
 TEST_F(BadInputTest, CommandLines) {
     const std::string output = "--output " + Folder.Path("x.pcap") + " ";
-    const std::string master = Folder.File("master", "broker B01 \"a name\" 2\nbroker B02 name 3\n");
-    const std::string codes = Folder.File("codes", "stock TOOLONGACODE name\n");
+    const std::string master = Folder.Write("master", "broker B01 \"a name\" 2\nbroker B02 name 3\n");
     ExpectLines(
         "tickreplay",
         {{"one", "expected WORKSPACE and CAPTURE, got 1 argument; see --help"},
          {"--nix a b", "option \"--nix\" is not known here; see --help"},
-         {"-n a b", "option \"-n\" is not known here; see --help"},
          {"a b --rows", "option --rows needs a value; see --help"},
          {"--rows 1x a b", "--rows \"1x\" is no number from 0 to 1000000"},
          {"--speed 0.05 a b", "--speed \"0.05\" is no number from 0.1 to 1000"},
-         {"--speed nan a b", "--speed \"nan\" is no number from 0.1 to 1000"},
          {"--user-dir /nowhere a b", "--user-dir \"/nowhere\" is no folder; make it first"},
-         {"--master /nowhere a b", "/nowhere: No such file or directory; check the path"},
          {"--master " + master + " a b",
           master + ":2: neither a stock nor a broker; write stock CODE NAME, or broker CODE NAME MARK with a "
                    "mark of 0, 1 or 2"},
-         {"--master " + codes + " a b",
-          codes + ":1: code \"TOOLONGACODE\" does not have 1 to 10 characters; mend it"},
-         {"--drive-c /nowhere a b", "--drive-c \"/nowhere\" is no folder; make it first"},
          {"--utc-offset 7 a b", "--utc-offset \"7\" is none; give +HH:MM or -HH:MM"}});
     ExpectLines("feedgen",
                 {{"", "no --output; name a file, or - for standard output"},
@@ -80,8 +73,6 @@ TEST_F(BadInputTest, CommandLines) {
                  {output + "--date 20260230",
                   "--date \"20260230\" is no day; give YYYYMMDD from 19710101 to 20991231"},
                  {output + "--minutes 421", "--minutes \"421\" is no number from 1 to 420"},
-                 {output + "--books -1", "--books \"-1\" is no number from 0 to 100"},
-                 {output + "--late-bars 101", "--late-bars \"101\" is no number from 0 to 100"},
                  {"--output /nowhere/x", "/nowhere/x: No such file or directory; choose another --output"},
                  {"--output /dev/full",
                   "/dev/full: No space left on device while writing; make room or choose another "
@@ -92,7 +83,7 @@ TEST_F(BadInputTest, CommandLines) {
 TEST_F(BadInputTest, Captures) {
     const std::string good = GoodCapture();
     const std::string whole = ReadFile(good);
-    const std::string cut = Folder.File("cut.pcap", whole.substr(0, whole.size() - 3));
+    const std::string cut = Folder.Write("cut.pcap", whole.substr(0, whole.size() - 3));
     const std::string other = OddCapture("other.pcap", DLT_EN10MB, 8, 8);
     const std::string snapped = OddCapture("snapped.pcap", DLT_USER0, 5, 8);
     const std::string arguments = Screens + " ";
@@ -123,60 +114,24 @@ TEST_F(BadInputTest, WorkspaceLines) {
         std::string Line;
     } cases[] = {
         {"# nothing\n", ": names no screen; add a line such as RSTICK11_R 1ASII"},
-        {"RSTICK11_R 1ASII\n\nRSTICK12_R 1ASII\n",
-         ":3: unknown map \"RSTICK12_R\"; known: RDUMMY01_R, RICAND11_R, RINTIK01_R, RINTIK11_R, RITRDE01_R, "
-         "RITRDE02_R, RRNEWS01_R, RRPASS01_R, RSBRSM01_R, RSCAND11_R, RSDONE01_R, RSETFNAV_R, RSFLDN01_R, "
-         "RSITST01_R, RSNOCH21_R, RSODER01_R, "
-         "RSORDE21_R, RSORDE22_R, RSTICK11_R, RSTRBK01_R, RSTRDE01_R"},
-        {"RSTICK11_R # key\n", ":1: no key behind \"RSTICK11_R\"; write MAP KEY [Field=value ...]"},
+        {"RSTICK11_R 1ASII\n\nRSTICK11_R # key\n",
+         ":3: no key behind \"RSTICK11_R\"; write MAP KEY [Field=value ...]"},
         {"RSTICK11_R 1ASII Date\n",
          ":1: \"Date\" is not of the form Field=value; write MAP KEY [Field=value ...]"},
         {"RSTICK11_R 1ASII Date=\"2026\n", ":1: a double quote is not closed; close it"},
         {"RSTICK11_R ASII\n",
          ":1: key \"ASII\" is no stock; give a board char 1 to 4 and a code of up to 10 characters, such as "
          "1ASII"},
-        {"RSORDE21_R ACC0012\n",
-         ":1: key \"ACC0012\" is no user field; give 1 to 6 characters, such as ACC001"},
-        {"RICAND11_R COMPX\n",
-         ":1: key \"COMPX\" is no index; give a code of up to 4 characters, such as COMP"},
-        {"RSCAND11_R 1ASII Period=D\n",
-         ":1: period \"D\" is none; give one of A (ticks), B (30 seconds), C (1 minute), E (3), G (5), H "
-         "(10), I "
-         "(15), "
-         "J (30), K (60), L (day)"},
-        {"RSCAND11_R 1ASII Date=20261121\n",
-         ":1: the module refuses the Init text of RSCAND11_R 1ASII; check the fields' values"},
         {"RSETFNAV_R 1FUND01 Base=1\n",
          ":1: unknown field \"Base\"; known: Tag, Key.Board, Key.Code, BaseValue, FirstValue, SecondValue"},
         {"RSTRDE01_R 1ASII FirstField=12 LastField=3\n",
          ":1: fields \"12\" to \"3\" are no range; give FirstField and LastField from 0 to 55, the first not "
          "above the last"},
-        {"RITRDE01_R COMP FirstField=x LastField=18\n",
-         ":1: fields \"x\" to \"18\" are no range; give FirstField and LastField from 0 to 17, the first "
-         "not "
-         "above the last"},
-        {"RSTRDE01_R 1ASII LastField=20 Field21=1005\n",
-         ":1: Field21 lies outside of the range 0 to 20; widen it, or leave the field out"},
-        {"RSTRDE01_R 1ASII Field56=1\n",
-         ":1: unknown field \"Field56\"; known: Tag, Key.Board, Key.Code, FirstField, LastField, Field0 to "
-         "Field55"},
-        {"RITRDE02_R COMP,\n", ":1: key \"\" is no index; give a code of up to 4 characters, such as COMP"},
-        {"RRNEWS01_R 3\n",
-         ":1: key \"3\" selects no headlines; give 0 for all, or 1, 2 or 9 for the categories that begin so"},
         {"RDUMMY01_R 1ASII:A,1ASII\n",
          ":1: item \"1ASII\" does not tell packet types; write CODE:TYPES,CODE:TYPES ..., such as "
          "1ASII:ABCD,COMP:EF"},
-        {"RDUMMY01_R 1ASII:AN\n", ":1: packet type \"N\" is none of ABCDEF"},
-        {"RRPASS01_R 1ASII:AR\n", ":1: packet type \"R\" is none of ABCDEFMNT0@"},
         {"RRPASS01_R 1ASII:AE\n",
          ":1: item \"1ASII:AE\" mixes packet types of codes of several kinds; give E an item of its own"},
-        {"RRPASS01_R BOARDS:M\n", ":1: code \"BOARDS\" is none; give 1 to 5 characters"},
-        {"RRPASS01_R :@\n", ":1: code \"\" is none; give 1 to 11 characters"},
-        {"RSFLDN01_R 1ASII\n",
-         ":1: key \"1ASII\" means nothing to the monitor, whose stocks are in the user's TradeMonEnv.ini; "
-         "write -"},
-        {"RSITST01_R 1ASII,2ASII\n",
-         ":1: key \"2ASII\" is not of board 1, as the interest board's stocks are"},
         {"RSTICK11_R 1ASII Price=1\n",
          ":1: field \"Price\" may be each of Head.Price, Row.Price; name one in full"},
         {"RSTICK11_R 1ASII Date=202611201\n",
@@ -186,7 +141,7 @@ TEST_F(BadInputTest, WorkspaceLines) {
     };
     const std::string capture = GoodCapture();
     for (const auto& [content, line] : cases) {
-        const std::string workspace = Folder.File("bad.workspace", content);
+        const std::string workspace = Folder.Write("bad.workspace", content);
         ExpectLines("tickreplay", {{Joined({workspace, capture}, " "), Joined({workspace, line}, "")}});
     }
 }

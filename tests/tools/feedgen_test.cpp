@@ -6,26 +6,19 @@
 #include <cstdlib>
 #include <map>
 
-#include "framework/packets.h"
-#include "tests/tools/tool_runs.h"
-#include "tools/capture.h"
+#include "tests/tools/sessions.h"
 #include "tools/market.h"
 
 namespace {
 
 using tools::Timestamp;
 
-std::string Text(const StockKey& key) {
-    return {reinterpret_cast<const char*>(&key), sizeof(key)};
-}
-
 // Follows every trade of a capture with running figures of its own.
 class TradeAudit {
 public:
     void Check(const TradePacket& trade) {
-        Figures& day = m_Days[Text(trade.Key)];
-        const int direction = trade.Sign == '2' ? 1 : trade.Sign == '5' ? -1 : 0;
-        const int32_t base = trade.Price - direction * trade.Change;
+        Figures& day = m_Days[Text(trade.Key.Code)];
+        const int32_t base = ToldBase(trade, trade.Price);
         if (day.Count == 0) {
             day = {base, trade.Price, trade.Price, trade.Price, 0, 0, 0};
         }
@@ -47,10 +40,8 @@ public:
     void Check(const CompactTradePacket& trade) {
         --m_nWithoutCompact;
         const auto words = [](const auto& packet) {
-            std::string text(packet.Time, sizeof(packet.Time));
-            text.append(Text(packet.Key)).append(packet.Broker1, sizeof(packet.Broker1));
-            text.append(packet.Broker2, sizeof(packet.Broker2));
-            return text + packet.Broker1Class + packet.Broker2Class + packet.Sign;
+            return Text(packet.Time) + Text(packet.Key.Code) + Text(packet.Broker1) + Text(packet.Broker2) +
+                   packet.Broker1Class + packet.Broker2Class + packet.Sign;
         };
         EXPECT_EQ(words(trade), words(m_Latest));
         EXPECT_EQ((std::array<int32_t, 3>{trade.Price, trade.Change, trade.Volume}),
@@ -59,28 +50,17 @@ public:
     int WithoutCompact() const { return m_nWithoutCompact; }
 
     std::size_t Stocks() const { return m_Days.size(); }
-    // Those whose price has moved over the day.
-    auto Moved() const {
-        return std::count_if(m_Days.begin(), m_Days.end(),
-                             [](const auto& day) { return day.second.High > day.second.Low; });
-    }
 
 private:
     struct Figures {
-        int32_t Base;
-        int32_t Open;
-        int32_t High;
-        int32_t Low;
-        int64_t Count;
-        int64_t Volume;
-        int64_t Value;
+        int32_t Base, Open, High, Low;
+        int64_t Count, Volume, Value;
     };
 
     static void CheckPrices(const TradePacket& trade, int32_t base) {
         const tools::DailyLimits limits = tools::LimitsOf(base);
         EXPECT_EQ(trade.Price % tools::TickSize(trade.Price), 0);
-        EXPECT_GE(trade.Price, limits.Lowest);
-        EXPECT_LE(trade.Price, limits.Highest);
+        EXPECT_TRUE(trade.Price >= limits.Lowest && trade.Price <= limits.Highest);
         // A side that a limit has emptied shows 0.
         if (trade.Best1Price != 0) {
             EXPECT_EQ(trade.Best1Price + tools::TickSize(trade.Best1Price), trade.Price);
@@ -96,96 +76,77 @@ private:
 };
 
 void CheckFund(const NavPacket& nav) {
-    const std::string kind(nav.Kind, sizeof(nav.Kind));
+    const std::string kind = Text(nav.Kind);
     EXPECT_TRUE(kind == "0         " || kind == "1         ");
     EXPECT_NEAR(std::strtod(nav.Value1, nullptr), 1000, 100);
     EXPECT_EQ(IsBlank(nav.Value2), kind[0] == '0');
 }
 
-TEST(FeedGen, FiguresOfAWholeDayAgree) {
-    const ScratchFolder folder;
-    const std::string path = folder.Path("day.pcap");
-    const Outcome outcome =
-        RunTool("feedgen", "--output " + path + " --packets 60000 --stocks 12 --date 20261120");
-    ASSERT_EQ(outcome.Status, 0) << outcome.Text;
-    tools::CaptureReader capture(path);
-    tools::CaptureRecord record;
+using FeedGen = FeedSession;
+
+TEST_F(FeedGen, FiguresOfAWholeDayAgree) {
     TradeAudit audit;
-    uint64_t packets = 0;
-    uint64_t funds = 0;
+    int packets = 0;
+    int funds = 0;
     int inBatch = 0;
     Timestamp last = tools::ParseDate("20261120") + std::chrono::hours(9);
     Timestamp lastOfMarket;
     const Timestamp close = tools::ParseDate("20261120") + std::chrono::hours(16);
-    while (capture.Next(record) && !HasFailure()) {
+    Each("--packets 60000 --stocks 12 --date 20261120", [&](const tools::CaptureRecord& record) {
         EXPECT_GE(record.Time, last);
         last = record.Time;
         if (record.EndsBatch()) {
-            EXPECT_GE(inBatch, 1);
-            EXPECT_LE(inBatch, 60);
+            EXPECT_TRUE(inBatch >= 1 && inBatch <= 60);
             inBatch = 0;
-            continue;
+            return;
         }
         ++inBatch;
-        if (record.Bytes[0] == CompactTradePacket::kType) {
-            ASSERT_EQ(record.Length, 1 + static_cast<int>(sizeof(CompactTradePacket)));
-            audit.Check(*reinterpret_cast<const CompactTradePacket*>(record.Bytes + 1));
-            continue;
-        }
-        if (record.Bytes[0] != TradePacket::kType && record.Bytes[0] != NavPacket::kType) {
-            continue;  // follows from the trades
-        }
-        ++packets;
-        lastOfMarket = record.Time;
-        if (record.Bytes[0] == TradePacket::kType) {
-            ASSERT_EQ(record.Length, 1 + static_cast<int>(sizeof(TradePacket)));
-            const auto& trade = *reinterpret_cast<const TradePacket*>(record.Bytes + 1);
-            EXPECT_EQ(std::string(trade.Time, sizeof(trade.Time)), tools::TimeText(record.Time));
-            audit.Check(trade);
-        } else {
-            ASSERT_EQ(record.Length, 1 + static_cast<int>(sizeof(NavPacket)));
+        const auto* const trade = As<TradePacket>(record);
+        const auto* const nav = As<NavPacket>(record);
+        if (trade != nullptr) {
+            EXPECT_EQ(Text(trade->Time), tools::TimeText(record.Time));
+            audit.Check(*trade);
+        } else if (nav != nullptr) {
             ++funds;
-            CheckFund(*reinterpret_cast<const NavPacket*>(record.Bytes + 1));
+            CheckFund(*nav);
+        } else if (const auto* compact = As<CompactTradePacket>(record)) {
+            audit.Check(*compact);
         }
-    }
+        if (trade != nullptr || nav != nullptr) {  // the others follow from the trades
+            ++packets;
+            lastOfMarket = record.Time;
+        }
+    });
     EXPECT_EQ(inBatch, 0);
-    EXPECT_EQ(packets, 60000U);
-    EXPECT_GT(funds, 1000U);
+    EXPECT_EQ(packets, 60000);
+    EXPECT_GT(funds, 1000);
     EXPECT_EQ(audit.Stocks(), 12U);
     EXPECT_EQ(audit.WithoutCompact(), 0);
-    EXPECT_EQ(audit.Moved(), 12);
-    EXPECT_LT(lastOfMarket, close);
-    EXPECT_GT(lastOfMarket, close - std::chrono::minutes(1));
+    EXPECT_TRUE(lastOfMarket < close && lastOfMarket > close - std::chrono::minutes(1));
     EXPECT_LT(last, close + std::chrono::seconds(4));
 }
 
-TEST(FeedGen, TheSameOptionsGiveTheSameBytes) {
-    const ScratchFolder folder;
-    const auto generate = [&folder](const std::string& options) {
-        const std::string path = folder.Path("short.pcap");
-        EXPECT_EQ(RunTool("feedgen", "--output " + path + " --minutes 2 " + options).Status, 0);
-        return ReadFile(path);
+TEST_F(FeedGen, TheSameOptionsGiveTheSameBytes) {
+    const auto generate = [this](const std::string& options) {
+        return ReadFile(Generate("--minutes 2 " + options));
     };
     const std::string session = generate("--seed 7");
     EXPECT_EQ(session, generate("--seed 7"));
     EXPECT_NE(session, generate("--seed 8"));
-    const std::string piped = folder.Path("piped.pcap");
+    const std::string piped = m_Folder.Path("piped.pcap");
     EXPECT_EQ(RunTool("feedgen", "--output - --minutes 2 --seed 7 >" + piped).Text, "");
     EXPECT_EQ(session, ReadFile(piped));
 
     // Another clock moves the records' times only.
-    const std::string moved = folder.File("moved.pcap", generate("--seed 7 --utc-offset +07:30"));
     tools::CaptureReader here(piped);
-    tools::CaptureReader there(moved);
     tools::CaptureRecord a;
-    tools::CaptureRecord b;
-    while (here.Next(a)) {
-        ASSERT_TRUE(there.Next(b));
+    Each("--minutes 2 --seed 7 --utc-offset +07:30", [&](const tools::CaptureRecord& b) {
+        ASSERT_TRUE(here.Next(a));
         ASSERT_EQ(a.Time - b.Time, std::chrono::minutes(450));
         ASSERT_EQ(std::string(a.Bytes, static_cast<std::size_t>(a.Length)),
                   std::string(b.Bytes, static_cast<std::size_t>(b.Length)));
-    }
-    EXPECT_FALSE(there.Next(b));
+    });
+    EXPECT_FALSE(here.Next(a));
 }
 
 // Where the step of prices changes, and where limits fall between two steps.

@@ -1,4 +1,4 @@
-// A capture of a few packets, all of one moment, and what a replay of it shows.
+// A capture of a few packets, all of one moment unless the test moves it, and what a replay of it shows.
 #ifndef TICKMUX_TESTS_TOOLS_SMALL_CAPTURE_H
 #define TICKMUX_TESTS_TOOLS_SMALL_CAPTURE_H
 
@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <optional>
+#include <regex>
 #include <string>
 
 #include "tests/tools/tool_runs.h"
@@ -16,37 +17,38 @@ class SmallCapture : public testing::Test {
 protected:
     template <class Packet>
     void Write(const tools::WholePacket<Packet>& packet) {
-        m_Writer->Packet(Morning, &packet, sizeof(packet));
+        m_Writer->Packet(Now, &packet, sizeof(packet));
     }
+    void Write(const std::string& bytes) { m_Writer->Packet(Now, bytes.data(), bytes.size()); }
     void Trade(int32_t price, int32_t volume) {
         Asii.Price = price;
         Asii.TradeCount += 1;
         Asii.TotalVolume += volume;
         Asii.TotalValue += int64_t{price} * volume * tools::kLotSize;
         const tools::Deal deal{&Asii, volume, 0, {"B01", 'D'}, {"B03", 'F'}, 1};
-        Write(tools::MakeTrade(deal, Morning));
-        Write(tools::MakeCompactTrade(deal, Morning));
+        Write(tools::MakeTrade(deal, Now));
+        Write(tools::MakeCompactTrade(deal, Now));
     }
-    void EndBatch() { m_Writer->BatchEnd(Morning); }
+    void EndBatch() { m_Writer->BatchEnd(Now); }
 
     // Beside the workspace.
     std::string File(const std::string& name, const std::string& content) const {
-        return m_Folder.File(name, content);
+        return m_Folder.Write(name, content);
     }
 
     // The images.
     std::string Replay(const std::string& options, const std::string& workspace) {
         m_Writer.reset();
         const Outcome outcome = RunTool(
-            "tickreplay", options + " " + m_Folder.File("w", workspace) + " " + m_Folder.Path("p.pcap"));
+            "tickreplay", options + " " + m_Folder.Write("w", workspace) + " " + m_Folder.Path("p.pcap"));
         EXPECT_EQ(outcome.Status, 0);
         const std::size_t end = outcome.Text.find("Summary\n");
-        Summary = outcome.Text.substr(end);
+        Summary = std::regex_replace(outcome.Text.substr(end), std::regex("  (seconds|packets/s):.*\n"), "");
         return outcome.Text.substr(0, end);
     }
 
-    std::string Summary;  // of the latest replay
-    const tools::Timestamp Morning = tools::ParseDate("20261120") + std::chrono::hours(9);
+    std::string Summary;  // of the latest replay, without what depends on the machine
+    tools::Timestamp Now = tools::ParseDate("20261120") + std::chrono::hours(9);
     tools::Stock Asii{"ASII", 1000, tools::LimitsOf(1000), 1000, 1000, 1005, 995};
 
 private:

@@ -3,25 +3,8 @@
 #include <sys/wait.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
-
-ScratchFolder::ScratchFolder() : m_Path((std::filesystem::temp_directory_path() / "tools_XXXXXX").string()) {
-    if (mkdtemp(m_Path.data()) == nullptr) {
-        std::abort();
-    }
-}
-
-ScratchFolder::~ScratchFolder() {
-    std::filesystem::remove_all(m_Path);
-}
-
-std::string ScratchFolder::File(const std::string& name, const std::string& content) const {
-    std::ofstream(Path(name), std::ios::binary) << content;
-    return Path(name);
-}
 
 std::string ReadFile(const std::string& path) {
     std::ostringstream content;

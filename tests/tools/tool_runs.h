@@ -1,24 +1,10 @@
-// Runs of the terminal programs, and the files that they are given.
+// Runs of the terminal programs.
 #ifndef TICKMUX_TESTS_TOOLS_TOOL_RUNS_H
 #define TICKMUX_TESTS_TOOLS_TOOL_RUNS_H
 
 #include <string>
 
-// A folder that goes away with everything in it.
-class ScratchFolder {
-public:
-    ScratchFolder();
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-    ~ScratchFolder();
-
-    std::string Path(const std::string& name) const { return m_Path + "/" + name; }
-    // Writes a file and gives its path.
-    std::string File(const std::string& name, const std::string& content) const;
-
-private:
-    std::string m_Path;
-};
+#include "tests/support/scratch_folder.h"
 
 std::string ReadFile(const std::string& path);
 
