@@ -17,7 +17,7 @@
 namespace {
 
 #if defined(NDEBUG) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-constexpr int kRandomValues = 100000;
+constexpr int kRandomValues = 400000;  // 24 million decimals
 #else
 constexpr int kRandomValues = 10000;
 #endif
@@ -83,6 +83,8 @@ TEST(Codecs, IntegersAreRightAlignedAndLoseTheirLowDigits) {
 // The last three have the widths and decimals of screens, which take another way.
 TEST(Codecs, DecimalsAreTheNearestTextOfTheExactValueTiesToEven) {
     EXPECT_EQ(Double(0.0, 6, 2) + Double(-0.0, 6, 2), "  0.00 -0.00");
+    EXPECT_EQ((Inlined<18, 0>(0.0)), Printed(18, "%*.*f", 0, 0.0));
+    EXPECT_EQ((Inlined<15, 4>(-0.0)), Printed(15, "%*.*f", 4, -0.0));
     EXPECT_EQ(Double(-0.004, 6, 2), " -0.00");
     EXPECT_EQ(Double(0.125, 6, 2), "  0.12");
     EXPECT_EQ(Double(1.005, 6, 2), "  1.00") << "lies below the tie";
