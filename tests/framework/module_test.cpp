@@ -1,6 +1,7 @@
 // The framework as a host uses it: through the exported functions.
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
@@ -234,9 +235,9 @@ TEST_F(Module, CancelNamesTheUser) {
 }
 
 TEST_F(Module, MapGuardIsTheMutexThatTheHostNames) {
-    char name[] = "tickmux-test-guard-longer-than-19";
-    SetMutexNameToDecoder(name);
-    HANDLE mutex = CreateMutexA(nullptr, TRUE, "tickmux-test-guard-");
+    std::string name = "guard " + std::to_string(getpid()) + " cut at 19 characters";
+    SetMutexNameToDecoder(name.data());
+    HANDLE mutex = CreateMutexA(nullptr, TRUE, name.substr(0, 19).c_str());
     Open(TickInquiry("1ASII"));  // held by this thread: nests
     std::atomic<bool> stopped = false;
     std::thread other([&] {

@@ -1,5 +1,6 @@
 // Every allocation fails: in its turn alone, and from then on.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <optional>
@@ -92,8 +93,9 @@ bool Live(BareHost& host, const Sample& sample, int64_t n, Failure failure, cons
 
 TEST(Allocations, EachMayFailOnceOrForGood) {
     BareHost host;
-    char name[] = "tickmux-alloc";  // short: the host's table has a name as long as the type guard's
-    SetMutexNameToDecoder(name);
+    // Short: the host's table has a name as long as the type guard's.
+    std::string name = "alloc" + std::to_string(getpid());
+    SetMutexNameToDecoder(name.data());
     for (const Sample& sample : Samples()) {
         const Buffers expected = ShownByANewOne(host, sample);
         Live(host, sample, 0, Failure::Once, expected);
