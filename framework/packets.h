@@ -16,6 +16,7 @@
 inline constexpr char kFirstPacketType = '!';
 inline constexpr char kLastPacketType = 'z';
 inline constexpr int kPacketTypes = kLastPacketType - kFirstPacketType + 1;
+static_assert(kPacketTypes == 90);
 
 // One stock trade, with the day's running figures.
 struct TradePacket {

@@ -83,9 +83,9 @@ TEST_F(StockChart, AFullTurnOfAThreeMinuteBucket) {
 TEST_F(StockChart, TheInquirysRowSetsTheBoundaryAndTheFirstAction) {
     const std::array<std::string, 5> cases[] = {
         {"C", "090030", "090100", "090101", "1"}, {"C", "090100", "090200", "090201", "2"},
-        {"E", "090300", "090600", "090601", "2"}, {"G", "095501", "100000", "100001", "1"},
-        {"H", "101000", "102000", "102001", "2"}, {"I", "114459", "114500", "114501", "1"},
-        {"K", "100000", "110000", "110001", "2"}};
+        {"C", "000001", "000100", "000101", "1"}, {"E", "090300", "090600", "090601", "2"},
+        {"G", "095501", "100000", "100001", "1"}, {"H", "101000", "102000", "102001", "2"},
+        {"I", "114459", "114500", "114501", "1"}, {"K", "100000", "110000", "110001", "2"}};
     for (const auto& [period, rowTime, boundary, after, firstAction] : cases) {
         SCOPED_TRACE(period + " " + rowTime);
         Open(CandleInquiry("1ASII", period[0]).Row(Newest(rowTime)));
@@ -142,6 +142,10 @@ TEST_F(StockChart, HalfMinutesMergeBarsInSilenceAndSumsOfQuantitiesWrap) {
     Batch(At("091001", 1000, 1));
     ExpectRow("B1", "1000", "1000", {"091001", "1000", "2000", "1", "1000", "41"});
     EXPECT_EQ(Traded("091002", 2147483647), "1 091002 -214748360") << "-2147483608, cut to its field";
+    for (const auto& [rowTime, firstAction] : {std::pair("090130", '2'), {"090131", '1'}}) {
+        Open(CandleInquiry("1ASII", 'B').Row(Newest(rowTime)));
+        EXPECT_EQ(Traded("090132", 1)[0], firstAction) << rowTime;
+    }
 }
 
 TEST_F(StockChart, ARefusedInquiryKeepsItsKeyUnlessThePeriodAloneIsWrong) {

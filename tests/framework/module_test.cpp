@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <atomic>
+#include <charconv>
 #include <chrono>
 #include <functional>
+#include <iterator>
 #include <set>
 #include <thread>
 
@@ -234,24 +236,38 @@ TEST_F(Module, CancelNamesTheUser) {
     EXPECT_EQ(Told(), Events{"view"}) << "decoders go on as if the request had been sent";
 }
 
-TEST_F(Module, MapGuardIsTheMutexThatTheHostNames) {
-    std::string name = "guard " + std::to_string(getpid()) + " cut at 19 characters";
-    SetMutexNameToDecoder(name.data());
-    HANDLE mutex = CreateMutexA(nullptr, TRUE, name.substr(0, 19).c_str());
-    Open(TickInquiry("1ASII"));  // held by this thread: nests
-    std::atomic<bool> stopped = false;
+// Whether an action on another thread waits for a mutex that this one holds.
+bool WaitsFor(const std::string& name, const std::function<void()>& action) {
+    HANDLE mutex = CreateMutexA(nullptr, TRUE, name.c_str());
+    std::atomic<bool> done = false;
     std::thread other([&] {
-        m_Screen->Stop();
-        stopped = true;
+        action();
+        done = true;
     });
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    EXPECT_FALSE(stopped);
+    const bool waited = !done;
     ReleaseMutex(mutex);
     other.join();
-    EXPECT_TRUE(stopped);
     CloseHandle(mutex);
+    return waited;
+}
+
+TEST_F(Module, GuardsAreTheMutexThatTheHostNamesAndOneOfTheManagersAddress) {
+    std::string name = "guard " + std::to_string(getpid()) + " cut at 19 characters";
+    SetMutexNameToDecoder(name.data());
+    Open(TickInquiry("1ASII"));
+    EXPECT_TRUE(WaitsFor(name.substr(0, 19), [&] { m_Screen->Stop(); }));
     char none[] = "";
     SetMutexNameToDecoder(none);
+
+    CRTMMapManager manager;
+    char address[20];
+    *std::to_chars(address, std::end(address), reinterpret_cast<uintptr_t>(&manager), 16).ptr = '\0';
+    EXPECT_TRUE(WaitsFor(address, [&] { manager.RegistMapDecoder(nullptr, "RDUMMY01_R"); }));
+    Told();
+    EXPECT_EQ(manager.AddTrStcdInfo("1ASII      ", 11, kStockClass, kWantTrades), 1);
+    EXPECT_EQ(manager.AddTrStcdInfo("           ", 11, kStockClass, kWantTrades), 0);
+    EXPECT_EQ(Told(), Events{Added('1', "1ASII", "80000000")});
 }
 
 }  // namespace

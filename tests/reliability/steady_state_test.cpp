@@ -41,4 +41,32 @@ TEST(SteadyState, HandlersAllocateNothingAndASendTwoBlocks) {
     }
 }
 
+TEST(SteadyState, AQueueThatNeverEmptiesKeepsItsRoom) {
+    BareHost host;
+    const Sample& sample = SampleOf("RRNEWS01_R");
+    BareScreen screen(host, sample);
+    screen.Keeps = false;
+    ASSERT_NE(screen.Regist(), 0);
+    ASSERT_EQ(screen.InitFirst(), 1);
+    int64_t messages = 0;
+    host.OnCall = [&messages] { ++messages; };
+    std::string headline = sample.Packets.front();
+    const auto feed = [&headline](int headlines) {
+        for (; headlines > 0; --headlines) {
+            PutRTMPacketToDecoder(headline.data(), static_cast<int>(headline.size()));
+        }
+    };
+    feed(4);
+    const int64_t asked = AllocationsOf([&feed] {
+        for (int batch = 0; batch < 1000; ++batch) {
+            feed(1);
+            BareScreen::EndBatch();  // sends one
+        }
+    });
+    EXPECT_EQ(messages, 1000);
+    EXPECT_LE(asked, 2 * messages + 1) << "a message's blocks, and the queue's nodes";
+    host.OnCall = [] {};
+    screen.Unregist();
+}
+
 }  // namespace
