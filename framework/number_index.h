@@ -58,6 +58,7 @@ private:
         T* Last;
     };
     static constexpr std::size_t kFewBuckets = 16;
+    static_assert(std::has_single_bit(kFewBuckets));
 
     Bucket* Buckets() { return m_pMany == nullptr ? m_Few : m_pMany.get(); }
     const Bucket* Buckets() const { return m_pMany == nullptr ? m_Few : m_pMany.get(); }

@@ -133,6 +133,10 @@ TEST_F(StockChart, ARollTakesBackWhatCameBehindTheClosingBar) {
     Feed(Bar("1ASII", "090400").Prices(1020, 1021, 1019, 1020).Volume(9));
     // The inquiry's price stands in the next column until a trade falls there.
     ExpectRow("E1", "1000", "1000", {"090400", "1020", "1021", "1019", "1020", "9"});
+    Feed(Bar("1ASII", "090600"));
+    NextShort();
+    Feed(Bar("1ASII", "090700").Prices(-5, -5, -5, -5).Volume(1));
+    ExpectRow("E2", "1000", "1000", {"090700", "-5", "-1", "-5", "-5", "1"});
 }
 
 TEST_F(StockChart, HalfMinutesMergeBarsInSilenceAndSumsOfQuantitiesWrap) {
