@@ -83,9 +83,10 @@ TEST_F(StockChart, AFullTurnOfAThreeMinuteBucket) {
 TEST_F(StockChart, TheInquirysRowSetsTheBoundaryAndTheFirstAction) {
     const std::array<std::string, 5> cases[] = {
         {"C", "090030", "090100", "090101", "1"}, {"C", "090100", "090200", "090201", "2"},
-        {"C", "000001", "000100", "000101", "1"}, {"E", "090300", "090600", "090601", "2"},
-        {"G", "095501", "100000", "100001", "1"}, {"H", "101000", "102000", "102001", "2"},
-        {"I", "114459", "114500", "114501", "1"}, {"K", "100000", "110000", "110001", "2"}};
+        {"C", "000001", "000100", "000101", "1"}, {"C", "199899", "203900", "203901", "1"},
+        {"E", "090300", "090600", "090601", "2"}, {"G", "095501", "100000", "100001", "1"},
+        {"H", "101000", "102000", "102001", "2"}, {"I", "114459", "114500", "114501", "1"},
+        {"K", "100000", "110000", "110001", "2"}};
     for (const auto& [period, rowTime, boundary, after, firstAction] : cases) {
         SCOPED_TRACE(period + " " + rowTime);
         Open(CandleInquiry("1ASII", period[0]).Row(Newest(rowTime)));
