@@ -5,8 +5,8 @@
 
 #include "bench/support/market.h"
 #include "bench/support/monitor_terminal.h"
+#include "bench/support/orders.h"
 #include "bench/support/session.h"
-#include "layouts/Orders.h"
 #include "layouts/RSITST01.h"
 
 namespace {
@@ -47,31 +47,9 @@ bench::Script BoardRows(unsigned size) {
 bench::Script OrderRows(unsigned size) {
     bench::Market market(1);
     bench::Script script;
-    const auto numberOf = [](unsigned order) { return "0" + std::to_string(100'000 + order); };
-    std::string init = "O1      0" + bench::Head(size, sizeof(OrderRow));
-    for (unsigned order = 0; order < size; ++order) {
-        OrderRow row;
-        FillBlank(row);
-        bench::PutLeft(row.OrderQty, "    90000000000");
-        bench::PutLeft(row.UnfilledQty, "    90000000000");
-        bench::PutLeft(row.Status, "Open");
-        bench::PutLeft(row.OrderNo, numberOf(order));
-        init.append(reinterpret_cast<const char*>(&row), sizeof(row));
-    }
-    script.Screens = {{"RSORDE21_R", init}};
+    script.Screens = {{"RSORDE21_R", bench::OrderInquiry(size)}};
     for (int i = 0; i < kPackets; ++i) {
-        OrderPacket notice;
-        FillBlank(notice);
-        bench::PutLeft(notice.Time, std::to_string(100000 + i % 60));
-        bench::PutLeft(notice.RecordKind, "01");
-        notice.NoticeKind = '2';
-        notice.OrderAction = '1';
-        notice.OrderState = '1';
-        notice.ResultFlag = '0';
-        bench::PutLeft(notice.OrderNo, numberOf(market.Below(size)));
-        bench::PutLeft(notice.Quantity, "1");
-        bench::PutLeft(notice.Price, std::to_string(market.Price()));
-        script.Feed.Add(notice);
+        script.Feed.Add(bench::Fill(market, size));
     }
     return script;
 }

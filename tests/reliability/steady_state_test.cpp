@@ -12,6 +12,27 @@ int64_t AllocationsOf(const std::function<void()>& work) {
     return heap::Failing::Asked();
 }
 
+// A screen that runs, and counts its messages.
+class CountedScreen : public BareScreen {
+public:
+    CountedScreen(BareHost& host, const Sample& sample, int64_t& messages)
+        : BareScreen(host, sample), m_Host(host) {
+        Keeps = false;
+        EXPECT_NE(Regist(), 0);
+        EXPECT_EQ(InitFirst(), 1);
+        host.OnCall = [&messages] { ++messages; };
+    }
+    ~CountedScreen() {
+        m_Host.OnCall = [] {};
+        Unregist();
+    }
+    CountedScreen(const CountedScreen&) = delete;
+    CountedScreen& operator=(const CountedScreen&) = delete;
+
+private:
+    BareHost& m_Host;
+};
+
 // A message takes the buffer and its queue item. What a packet leaves behind for good, an order's row or a
 // notice that waits, takes its block once in many packets.
 TEST(SteadyState, HandlersAllocateNothingAndASendTwoBlocks) {
@@ -20,12 +41,8 @@ TEST(SteadyState, HandlersAllocateNothingAndASendTwoBlocks) {
         if (sample.Map == "RSNOCH21_R" || sample.Map == "RSORDE21_R" || sample.Map == "RSORDE22_R") {
             continue;  // each of the samples is a new order
         }
-        BareScreen screen(host, sample);
-        screen.Keeps = false;
-        ASSERT_NE(screen.Regist(), 0);
-        ASSERT_EQ(screen.InitFirst(), 1);
         int64_t messages = 0;
-        host.OnCall = [&messages] { ++messages; };
+        CountedScreen screen(host, sample, messages);
         for (int round = 0; round < 40; ++round) {
             screen.Feed();
             BareScreen::EndBatch();
@@ -36,20 +53,14 @@ TEST(SteadyState, HandlersAllocateNothingAndASendTwoBlocks) {
         messages = 0;
         const int64_t ended = AllocationsOf([] { BareScreen::EndBatch(); });
         EXPECT_LE(ended, 2 * messages) << sample.Map << " at the batch end";
-        host.OnCall = [] {};
-        screen.Unregist();
     }
 }
 
 TEST(SteadyState, AQueueThatNeverEmptiesKeepsItsRoom) {
     BareHost host;
     const Sample& sample = SampleOf("RRNEWS01_R");
-    BareScreen screen(host, sample);
-    screen.Keeps = false;
-    ASSERT_NE(screen.Regist(), 0);
-    ASSERT_EQ(screen.InitFirst(), 1);
     int64_t messages = 0;
-    host.OnCall = [&messages] { ++messages; };
+    CountedScreen screen(host, sample, messages);
     std::string headline = sample.Packets.front();
     const auto feed = [&headline](int headlines) {
         for (; headlines > 0; --headlines) {
@@ -65,8 +76,6 @@ TEST(SteadyState, AQueueThatNeverEmptiesKeepsItsRoom) {
     });
     EXPECT_EQ(messages, 1000);
     EXPECT_LE(asked, 2 * messages + 1) << "a message's blocks, and the queue's nodes";
-    host.OnCall = [] {};
-    screen.Unregist();
 }
 
 }  // namespace
