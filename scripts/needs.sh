@@ -44,10 +44,14 @@ needs() {
 }
 
 # What every build needs.
-build_packages=(g++ cmake ninja-build libgtest-dev libbenchmark-dev libpcap-dev)
+build_packages=(g++ cmake ninja-build ccache libgtest-dev libbenchmark-dev libpcap-dev)
 
 # What the fuzz targets need beyond that.
 fuzz_packages=(clang-14 libclang-rt-14-dev)
+
+# What has been compiled before, in any folder of this machine, is not compiled again.
+export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
 # build PRESET: configures and builds; what the tools print is shown where they fail.
 build() {
