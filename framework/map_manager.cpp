@@ -26,8 +26,12 @@ void CopyName(char (&dst)[Room], const char* src) {
     dst[length] = '\0';
 }
 
-int TypeIndex(char type) {
-    return type - kFirstPacketType;
+bool IsPacketType(char type) {
+    return type >= kFirstPacketType && type <= kLastPacketType;
+}
+
+std::size_t TypeIndex(char type) {
+    return static_cast<std::size_t>(type - kFirstPacketType);
 }
 
 const DecoderFactoryEntry* FindFactory(const char* mapName) {
@@ -55,7 +59,7 @@ CRTMMapManager::~CRTMMapManager() {
     ClearMap();
 }
 
-void CRTMMapManager::SetMutexName(const char* name) {
+void CRTMMapManager::SetMutexName(char* name) {
     CopyName(m_szMutexName, name == nullptr ? "" : name);
 }
 
@@ -63,60 +67,83 @@ void CRTMMapManager::SetMutexName(const char* name) {
 
 tickmux_handle CRTMMapManager::RegistMapDecoder(HWND hWnd, const char* mapName) {
     const DecoderFactoryEntry* factory = mapName == nullptr ? nullptr : FindFactory(mapName);
-    if (factory == nullptr) {
+    if (factory == nullptr || m_bClearing) {
         return 0;
     }
     std::unique_ptr<CRTMPacketDecoder> decoder(factory->pCreate(hWnd));
     if (decoder == nullptr) {
         return 0;
     }
-    std::unique_ptr<tagMAPINFO> map(new (std::nothrow) tagMAPINFO{std::move(decoder)});
-    if (map == nullptr || RegistPacketType(map.get(), map->pDecoder->GetPacketTypes()) == 0) {
+    std::unique_ptr<tagMAPINFO> map(new (std::nothrow) tagMAPINFO{std::move(decoder), {}});
+    if (map == nullptr) {
         return 0;
     }
-    const MutexGuard guard(m_szMutexName);
-    tagMAPINFO** place = m_MapList.Append();
-    if (place == nullptr) {
-        RemoveFromTypeLists(map->pDecoder.get());
-        return 0;
+    if (EnterTypeLists(*map, map->pDecoder->GetPacketTypes())) {
+        const MutexGuard guard(m_szMutexName);
+        if (tagMAPINFO** place = m_MapList.Append()) {
+            *place = map.release();
+            return reinterpret_cast<tickmux_handle>(*place);
+        }
     }
-    *place = map.release();
-    return reinterpret_cast<tickmux_handle>(*place);
+    LeaveTypeLists(*map);
+    return 0;
 }
 
-int CRTMMapManager::RegistPacketType(tagMAPINFO* map, const char* types) {
+void CRTMMapManager::RegistPacketType(tagMAPINFO* map, char* types) {
+    if (map->pDecoder != nullptr) {
+        EnterTypeLists(*map, types);
+    }
+}
+
+// False if memory fails; the lists entered so far are noted with the map all the same.
+bool CRTMMapManager::EnterTypeLists(tagMAPINFO& map, const char* types) {
     const MutexGuard guard(m_szTypeMutexName);
     for (const char* type = types; *type != '\0'; ++type) {
+        if (!IsPacketType(*type) || map.posType[TypeIndex(*type)]) {
+            continue;
+        }
         CRTMPacketDecoder** place = m_TypeList[TypeIndex(*type)].Append();
         if (place == nullptr) {
-            RemoveFromTypeLists(map->pDecoder.get());
-            return 0;
+            return false;
         }
-        *place = map->pDecoder.get();
+        *place = map.pDecoder.get();
+        map.posType.set(TypeIndex(*type));
     }
-    return 1;
+    return true;
+}
+
+void CRTMMapManager::LeaveTypeLists(tagMAPINFO& map) {
+    const MutexGuard guard(m_szTypeMutexName);
+    for (std::size_t index = 0; index < map.posType.size(); ++index) {
+        if (map.posType[index]) {
+            m_TypeList[index].Remove(map.pDecoder.get());
+        }
+    }
 }
 
 int CRTMMapManager::UnregistMapDecoder(tickmux_handle handle) {
     if (handle == 0) {
         return -1;
     }
-    tagMAPINFO* map = MapOf(handle);
-    {
-        // Out of the type lists before it is destroyed: a decoder withdraws its subscriptions then, and the
-        // communication manager that hears of it may feed packets.
-        const MutexGuard guard(m_szTypeMutexName);
-        RemoveFromTypeLists(map->pDecoder.get());
-    }
+    const std::unique_ptr<tagMAPINFO> map(MapOf(handle));
+    // Out of the type lists before it is destroyed: a decoder withdraws its subscriptions then, and the
+    // communication manager that hears of it may feed packets.
+    LeaveTypeLists(*map);
     const MutexGuard guard(m_szMutexName);
-    RemoveFromMapList(map);
-    delete map;
+    RemoveFromMapList(map.get());
+    map->pDecoder.reset();
     return 1;
 }
 
-int CRTMMapManager::InitMapDecoder(tickmux_handle handle, const char* buffer) {
-    CRTMPacketDecoder* decoder = GetPacketDecoder(handle);
+int CRTMMapManager::InitMapDecoder(tickmux_handle handle, char* buffer) {
+    if (handle == 0) {
+        AfxThrowInvalidArgException();
+    }
     const MutexGuard guard(m_szMutexName);
+    CRTMPacketDecoder* decoder = MapOf(handle)->pDecoder.get();
+    if (decoder == nullptr || m_bClearing) {
+        return 0;  // who hears of a map that goes must not have it ask for anything anew
+    }
     decoder->ClearViewQueue();
     try {
         decoder->SetActive(decoder->Init(buffer == nullptr ? "" : buffer));
@@ -132,6 +159,9 @@ int CRTMMapManager::StopMapDecoder(tickmux_handle handle) {
     }
     const MutexGuard guard(m_szMutexName);
     CRTMPacketDecoder* decoder = MapOf(handle)->pDecoder.get();
+    if (decoder == nullptr) {
+        return 0;
+    }
     decoder->ClearViewQueue();
     decoder->Stop();
     return 1;
@@ -143,6 +173,9 @@ int CRTMMapManager::ReleaseMapDecoder(tickmux_handle handle) {
     }
     const MutexGuard guard(m_szMutexName);
     CRTMPacketDecoder* decoder = MapOf(handle)->pDecoder.get();
+    if (decoder == nullptr) {
+        return 0;
+    }
     decoder->ClearViewQueue();
     decoder->Release();
     return 1;
@@ -156,6 +189,7 @@ CRTMPacketDecoder* CRTMMapManager::GetPacketDecoder(tickmux_handle handle) {
 }
 
 void CRTMMapManager::ClearMap() {
+    m_bClearing = true;
     {
         const MutexGuard guard(m_szTypeMutexName);
         for (PlainArray<CRTMPacketDecoder*>& list : m_TypeList) {
@@ -164,10 +198,11 @@ void CRTMMapManager::ClearMap() {
     }
     const MutexGuard guard(m_szMutexName);
     while (!m_MapList.Empty()) {
-        tagMAPINFO* map = m_MapList[0];
-        RemoveFromMapList(map);
-        delete map;
+        const std::unique_ptr<tagMAPINFO> map(m_MapList[0]);
+        RemoveFromMapList(map.get());
+        map->pDecoder.reset();
     }
+    m_bClearing = false;
 }
 
 // A window may close screens from within a batch end, which then goes on with the one that follows.
@@ -180,18 +215,13 @@ void CRTMMapManager::RemoveFromMapList(tagMAPINFO* map) {
     }
 }
 
-void CRTMMapManager::RemoveFromTypeLists(CRTMPacketDecoder* decoder) {
-    for (const char* type = decoder->GetPacketTypes(); *type != '\0'; ++type) {
-        m_TypeList[TypeIndex(*type)].Remove(decoder);
-    }
-}
-
 // ------------------------------------------------------------------ the packet path
 
-int CRTMMapManager::PutRTMPacket(const char* packet, int length) {
+// NOLINTNEXTLINE(readability-non-const-parameter): the exported name has it so
+int CRTMMapManager::PutRTMPacket(char* packet, int length) {
     // The shortest payload is longer than a key's head: what is shorter fits no slot.
     constexpr auto kShortest = static_cast<int>(1 + KeyFilter::kHeadSize);
-    if (packet == nullptr || length < kShortest || *packet < kFirstPacketType || *packet > kLastPacketType) {
+    if (packet == nullptr || length < kShortest || !IsPacketType(*packet)) {
         return 1;
     }
     uint64_t head = 0;
@@ -215,9 +245,9 @@ void CRTMMapManager::EndRTMUnpack() {
     m_pBatchEnd = &end;
     for (std::size_t next = 0; next < m_MapList.Size();) {
         CRTMPacketDecoder* decoder = m_MapList[next++]->pDecoder.get();
-        if (decoder->HasChanged()) {
+        if (decoder->AwaitsBatchEnd()) {
             end.nNext = next;
-            decoder->EndUnpack();
+            decoder->EndBatch();
             next = end.nNext;
         }
     }
@@ -226,12 +256,12 @@ void CRTMMapManager::EndRTMUnpack() {
 
 // ------------------------------------------------------------------ subscription requests
 
-int CRTMMapManager::AddTrStcdInfo(const char* code, int codeLen, char chClass, uint32_t flags) {
-    return SendCode(kAddCode, code, codeLen, chClass, flags);
+int CRTMMapManager::AddTrStcdInfo(char* code, int codeLen, char chClass, unsigned long flags) {
+    return SendCode(kAddCode, code, codeLen, chClass, static_cast<uint32_t>(flags));
 }
 
-int CRTMMapManager::DelTrStcdInfo(const char* code, int codeLen, char chClass, uint32_t flags) {
-    return SendCode(kDeleteCode, code, codeLen, chClass, flags);
+int CRTMMapManager::DelTrStcdInfo(char* code, int codeLen, char chClass, unsigned long flags) {
+    return SendCode(kDeleteCode, code, codeLen, chClass, static_cast<uint32_t>(flags));
 }
 
 int CRTMMapManager::SendCode(int32_t operation, const char* code, int codeLen, char chClass, uint32_t flags) {
@@ -262,7 +292,8 @@ int CRTMMapManager::StopMapComplete() {
     return SendCancelInfo();
 }
 
-int CRTMMapManager::SendQuery(const tagRTMTRSTCDINFO* record) {
+// NOLINTNEXTLINE(readability-non-const-parameter): the exported name has it so
+int CRTMMapManager::SendQuery(tagRTMTRSTCDINFO* record) {
     if (!m_bQueryEnabled) {
         return 0;
     }
@@ -277,9 +308,9 @@ int CRTMMapManager::SendQuery(const tagRTMTRSTCDINFO* record) {
 }
 
 int AddTrStcd(const char* code, int codeLen, char chClass, uint32_t flags) {
-    return g_RTMMapManager.AddTrStcdInfo(code, codeLen, chClass, flags);
+    return g_RTMMapManager.SendCode(kAddCode, code, codeLen, chClass, flags);
 }
 
 int DelTrStcd(const char* code, int codeLen, char chClass, uint32_t flags) {
-    return g_RTMMapManager.DelTrStcdInfo(code, codeLen, chClass, flags);
+    return g_RTMMapManager.SendCode(kDeleteCode, code, codeLen, chClass, flags);
 }

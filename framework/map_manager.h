@@ -7,6 +7,7 @@
 #ifndef TICKMUX_FRAMEWORK_MAP_MANAGER_H
 #define TICKMUX_FRAMEWORK_MAP_MANAGER_H
 
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -28,43 +29,48 @@ extern const DecoderFactoryEntry g_DecoderFactories[];
 
 // One registered map. Its address is the handle.
 struct tagMAPINFO {
-    std::unique_ptr<CRTMPacketDecoder> pDecoder;
+    std::unique_ptr<CRTMPacketDecoder> pDecoder;  // null: the map is going
+    std::bitset<kPacketTypes> posType;            // the type lists that hold the decoder
 };
 
-class TICKMUX_API CRTMMapManager {
+// Each exported member has the name, the parameters and the result by which programs find it.
+class CRTMMapManager {
 public:
-    CRTMMapManager();
-    ~CRTMMapManager();
+    TICKMUX_API CRTMMapManager();
+    TICKMUX_API ~CRTMMapManager();
     CRTMMapManager(const CRTMMapManager&) = delete;
     CRTMMapManager& operator=(const CRTMMapManager&) = delete;
 
-    void SetMutexName(const char* name);
+    TICKMUX_API void SetMutexName(char* name);
 
-    tickmux_handle RegistMapDecoder(HWND hWnd, const char* mapName);
-    int UnregistMapDecoder(tickmux_handle handle);
-    int InitMapDecoder(tickmux_handle handle, const char* buffer);
-    int StopMapDecoder(tickmux_handle handle);
-    int ReleaseMapDecoder(tickmux_handle handle);
-    // Enters the map in the list of each type char; 0 if memory fails, and then in none.
-    int RegistPacketType(tagMAPINFO* map, const char* types);
-    CRTMPacketDecoder* GetPacketDecoder(tickmux_handle handle);
+    TICKMUX_API tickmux_handle RegistMapDecoder(HWND hWnd, const char* mapName);
+    TICKMUX_API int UnregistMapDecoder(tickmux_handle handle);
+    TICKMUX_API int InitMapDecoder(tickmux_handle handle, char* buffer);
+    TICKMUX_API int StopMapDecoder(tickmux_handle handle);
+    TICKMUX_API int ReleaseMapDecoder(tickmux_handle handle);
+    // Enters the map in the list of each type char, unless it is there already, as far as memory goes.
+    TICKMUX_API void RegistPacketType(tagMAPINFO* map, char* types);
+    TICKMUX_API CRTMPacketDecoder* GetPacketDecoder(tickmux_handle handle);
 
-    int PutRTMPacket(const char* packet, int length);
-    void EndRTMUnpack();
+    TICKMUX_API int PutRTMPacket(char* packet, int length);
+    TICKMUX_API void EndRTMUnpack();
 
-    int AddTrStcdInfo(const char* code, int codeLen, char chClass, uint32_t flags);
-    int DelTrStcdInfo(const char* code, int codeLen, char chClass, uint32_t flags);
-    int SendCancelInfo();
-    int StopMapComplete();
-    void ClearMap();
+    TICKMUX_API int AddTrStcdInfo(char* code, int codeLen, char chClass, unsigned long flags);
+    TICKMUX_API int DelTrStcdInfo(char* code, int codeLen, char chClass, unsigned long flags);
+    TICKMUX_API int SendCancelInfo();
+    TICKMUX_API int StopMapComplete();
+    TICKMUX_API void ClearMap();
+
+    // A request of a decoder; gives 1 if it went out.
+    int SendCode(int32_t operation, const char* code, int codeLen, char chClass, uint32_t flags);
 
 protected:
-    int SendQuery(const tagRTMTRSTCDINFO* record);
+    TICKMUX_API int SendQuery(tagRTMTRSTCDINFO* record);
 
 private:
-    int SendCode(int32_t operation, const char* code, int codeLen, char chClass, uint32_t flags);
+    bool EnterTypeLists(tagMAPINFO& map, const char* types);
+    void LeaveTypeLists(tagMAPINFO& map);
     void RemoveFromMapList(tagMAPINFO* map);
-    void RemoveFromTypeLists(CRTMPacketDecoder* decoder);
 
     // A walk over the maps; a window that closes a batch from within its message begins one within another.
     struct BatchEnd {
@@ -79,6 +85,7 @@ private:
     char m_szMutexName[kMutexNameRoom] = "";
     char m_szTypeMutexName[kMutexNameRoom] = "";
     bool m_bQueryEnabled;                                     // the user's grade allows subscriptions
+    bool m_bClearing = false;                                 // all maps are going
     PlainArray<CRTMPacketDecoder*> m_TypeList[kPacketTypes];  // who takes a type, in order of registration
 };
 

@@ -1,14 +1,15 @@
 #include "framework/packet_decoder.h"
 
+#include <memory>
 #include <utility>
 
 #include "framework/tickmux.h"
 
 namespace {
 
-void FreeItem(ViewItem* item) {
-    delete[] item->pData;
-    delete item;
+void FreeItem(void* item) {
+    const std::unique_ptr<ViewItem> owned(static_cast<ViewItem*>(item));
+    delete[] owned->pData;
 }
 
 }  // namespace
@@ -42,10 +43,8 @@ void CRTMPacketDecoder::EndUnpack() {
 }
 
 void CRTMPacketDecoder::ClearViewQueue() {
-    // One by one, since the window's thread may be taking items at the same time.
-    while (auto* item = static_cast<ViewItem*>(m_ViewQueue.RemoveHead())) {
-        FreeItem(item);
-    }
+    TakeAllItems(m_ViewQueue, &FreeItem);
+    m_nUntold = 0;
 }
 
 void CRTMPacketDecoder::PostToView(ViewBuffer buffer) {
@@ -58,11 +57,25 @@ void CRTMPacketDecoder::PostToView(ViewBuffer buffer) {
     }
     item->nLen = buffer.BodyLength();
     item->pData = buffer.GiveAway();
-    if (m_ViewQueue.AddTail(item) == nullptr) {
+    try {
+        m_ViewQueue.AddTail(item);
+    } catch (...) {  // no memory: the buffer is lost
         FreeItem(item);
         return;
     }
-    SendNotifyMessageA(m_hWnd, WM_TICKMUX_VIEW, reinterpret_cast<WPARAM>(&m_ViewQueue), 0);
+    ++m_nUntold;
+    TellWindow();
+}
+
+// Counted off before each message: the window may call back and bring more.
+void CRTMPacketDecoder::TellWindow() {
+    while (m_nUntold > 0) {
+        --m_nUntold;
+        if (SendNotifyMessageA(m_hWnd, WM_TICKMUX_VIEW, reinterpret_cast<WPARAM>(&m_ViewQueue), 0) == FALSE) {
+            ++m_nUntold;
+            return;
+        }
+    }
 }
 
 void CRTMPacketDecoder::PostOutput() {

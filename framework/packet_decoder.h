@@ -43,7 +43,7 @@ public:
     virtual void Release();
     // 1 if the packet fits a slot, whether or not the decoder runs; else 0.
     virtual int PutPacket(const char* packet, int length) final;
-    // The batch is over: what has changed goes out. Nothing is to be done unless HasChanged.
+    // The batch is over: what has changed goes out. Nothing is to be done unless something has.
     virtual void EndUnpack();
     virtual const char* GetMapName() const = 0;
 
@@ -53,7 +53,15 @@ public:
     }
     const char* GetPacketTypes() const { return m_Slots.Types; }
 
-    bool HasChanged() const { return m_bChanged != 0; }
+    // True: the batch end has something to send or to tell.
+    bool AwaitsBatchEnd() const { return (m_bChanged | m_nUntold) != 0; }
+    // What the manager closes a batch with: items that no window has heard of are told, changes go out.
+    void EndBatch() {
+        TellWindow();
+        if (m_bChanged != 0) {
+            EndUnpack();
+        }
+    }
     // False: the decoder is not active, or it follows one key and the payload begins otherwise.
     bool Awaits(uint64_t payloadHead) const { return m_bActive != 0 && m_KeyFilter.Admits(payloadHead); }
 
@@ -82,7 +90,8 @@ protected:
         return m_Output.As<Layout>();
     }
 
-    // Puts a buffer into the view queue and tells the window; without a window it is freed.
+    // Puts a buffer into the view queue and tells the window; without a window it is freed. A message that
+    // cannot be sent follows with the next one or at the next batch end: as many messages as items.
     void PostToView(ViewBuffer buffer);
     // The same with a copy of the output image as it is now.
     void PostOutput();
@@ -125,6 +134,9 @@ protected:
     int m_bChanged = 0;  // handlers' results since the last send
 
 private:
+    void TellWindow();
+
+    int m_nUntold = 0;  // items in the queue that the window has had no message of
     const PacketSlots& m_Slots;
     HWND m_hWnd;
     ViewBuffer m_Output;

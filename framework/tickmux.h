@@ -15,8 +15,22 @@
  * - Who is called by the module (a window by a message, the communication manager by a request) may call
  *   back: packets, batch ends, RegistMap, and InitMap, StopMap and ReleaseMap of any map. It does not call
  *   UnregistMap, for any map: its decoder would be gone under the handler or the walk that is running.
+ * - A map that is going does not start again: from within the requests of its own UnregistMap, InitMap,
+ *   StopMap and ReleaseMap of it do nothing and give 0. While the module is unloaded that holds for InitMap
+ *   of all maps, and RegistMap gives 0.
+ * - Screens' windows live on any threads; a message to a window of the calling thread runs within the call.
+ *   The communication manager's window gets each request by SendMessageA, which waits for the window's
+ *   thread while the lifecycle call holds the map guard. That thread is the one that makes the lifecycle
+ *   calls, or one that goes on serving messages meanwhile: a thread that itself waits for the map guard
+ *   serves none, and both wait for ever.
  * - Items are fetched on any thread. A window that never fetches keeps every buffer in memory until the map's
- *   next InitMap, StopMap, ReleaseMap or UnregistMap; nothing else suffers.
+ *   next InitMap, StopMap, ReleaseMap or UnregistMap; nothing else suffers. These calls take all waiting
+ *   items out. Where the terminal's queue cannot do that in one step, a thread of the host's own holds the
+ *   map guard while it fetches; otherwise it may get an item that is being freed.
+ * - A message WM_TICKMUX_VIEW carries the address of its map's queue. Behind UnregistMap the next map's queue
+ *   may lie there: before the next RegistMap the host destroys the closed screen's window, or lets it take
+ *   its messages. Otherwise that window takes the other screen's items. The stand-in host takes back what
+ *   waits of a queue that goes.
  * - A handle is not used after UnregistMap. The module does not notice; the memory may be another map's.
  * - The window may be destroyed at any time. Buffers that cannot reach it are freed.
  */
@@ -47,8 +61,12 @@
 /* dwData of the WM_COPYDATA that carries a subscription record to the communication manager. */
 #define TICKMUX_COPYDATA_SUBSCRIPTION 176
 
-/* A registered map; 0 is none. */
+/* A registered map; 0 is none. As wide as a pointer. */
+#ifdef _WIN64
 typedef uintptr_t tickmux_handle;
+#else
+typedef unsigned long tickmux_handle;
+#endif
 
 #ifdef __cplusplus
 class CRTMPacketDecoder;
@@ -65,7 +83,8 @@ typedef struct CRTMPacketDecoder CRTMPacketDecoder;
 /* A decoder for the screen `hWnd`; gives its handle, or 0 for an unknown map or when memory fails. */
 TICKMUX_API tickmux_handle TICKMUX_CALL RegistMap(HWND hWnd, const char* mapName);
 
-/* Destroys the decoder, which withdraws what it still subscribes to. Gives 1, or -1 for handle 0. */
+/* Destroys the decoder, which withdraws what it still subscribes to. Gives 1, or -1 for handle 0. A process
+ * that ends with maps standing withdraws for them as well. */
 TICKMUX_API int TICKMUX_CALL UnregistMap(tickmux_handle handle);
 
 /*

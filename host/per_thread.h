@@ -1,11 +1,16 @@
 // per_thread.h - one object per thread, made when first asked for and destroyed when the thread ends.
 //
-// Static objects of other libraries are destroyed after the main thread's own objects, and may still call in:
-// who asks that late gets a new object, which lasts until the process has ended.
+// Static objects of other libraries are destroyed after the main thread's own objects, and may still call in.
+// MainThread tells what they meet: the main thread's object, which then ends with the process, or a new one,
+// which lasts until the process has ended.
 #ifndef TICKMUX_HOST_PER_THREAD_H
 #define TICKMUX_HOST_PER_THREAD_H
 
-template <class T>
+#include <unistd.h>
+
+enum class MainThread { EndsAsOthers, EndsWithProcess };
+
+template <class T, MainThread Main = MainThread::EndsAsOthers>
 class PerThread {
 public:
     // Null: this thread has not asked for one.
@@ -22,8 +27,10 @@ public:
 private:
     struct End {
         ~End() {
-            delete s_pObject;
-            s_pObject = nullptr;
+            if (Main == MainThread::EndsAsOthers || gettid() != getpid()) {
+                delete s_pObject;
+                s_pObject = nullptr;
+            }
         }
     };
 

@@ -158,8 +158,15 @@ struct ViewItem {
 static_assert(sizeof(void*) != 4 ||
               (sizeof(ViewItem) == 28 && offsetof(ViewItem, pData) == 8 && offsetof(ViewItem, nLen) == 12));
 
+class CRtmPtrList;
+
+// Takes all items off a queue and gives each away, whole by itself against a thread that fetches. The
+// terminal's own queue has no such call: there it is TakeAllByPosition.
+HOST_API void TakeAllItems(CRtmPtrList& queue, void (*take)(void* item));
+
 // A queue of pointers that the module fills and the host empties, each on its own thread: every call is
 // whole by itself. It does not own what the pointers point to. Nodes come from blocks that the queue keeps.
+// AddTail, GetHeadPosition, GetNext and RemoveAll are all that the terminal's own queue is known to have.
 struct __POSITION;
 using POSITION = __POSITION*;
 class HOST_API CRtmPtrList {
@@ -169,16 +176,19 @@ public:
     CRtmPtrList(const CRtmPtrList&) = delete;
     CRtmPtrList& operator=(const CRtmPtrList&) = delete;
 
-    POSITION AddTail(void* item);  // null: no memory, nothing added
+    POSITION AddTail(void* item);  // without memory it throws, as the framework's lists do; nothing is added
     POSITION GetHeadPosition() const;
     void* GetNext(POSITION& position) const;
-    void* RemoveHead();  // null: empty
     void RemoveAll();
 
-    // RemoveHead of a list that may be gone meanwhile; null then too.
+    // The oldest item of a list that may be gone meanwhile, off the list; null: none.
     static void* TakeFrom(const void* list);
 
 private:
+    friend void TakeAllItems(CRtmPtrList& queue, void (*take)(void* item));
+
+    void* RemoveHead();
+
     struct Node;
     struct Block;
     struct Registry;
@@ -190,6 +200,16 @@ private:
     Block* m_pBlocks = nullptr;
     CRtmPtrList* m_pNeighbour = nullptr;  // in the registry
 };
+
+// TakeAllItems by the four calls that every queue has. The caller holds the map guard, and so must whoever
+// fetches on a thread of its own meanwhile.
+template <class Queue>
+void TakeAllByPosition(Queue& queue, void (*take)(void* item)) {
+    for (POSITION position = queue.GetHeadPosition(); position != nullptr;) {
+        take(queue.GetNext(position));
+    }
+    queue.RemoveAll();
+}
 
 class HOST_API CEnvMgr {
 public:

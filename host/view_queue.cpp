@@ -6,6 +6,7 @@
 
 #include "host/exports.h"
 #include "host/services.h"
+#include "host/view_messages.h"
 
 // A node off the list stays in its block, so that a position that was overtaken by a taker is told by its
 // mark.
@@ -58,6 +59,7 @@ CRtmPtrList::~CRtmPtrList() {
         const std::lock_guard hold(registry.Lock);
         *registry.Find(this) = m_pNeighbour;
     }
+    DropViewMessages(this);
     while (m_pBlocks != nullptr) {
         const std::unique_ptr<Block> block(m_pBlocks);
         m_pBlocks = block->Next;
@@ -67,18 +69,13 @@ CRtmPtrList::~CRtmPtrList() {
 POSITION CRtmPtrList::AddTail(void* item) {
     const std::lock_guard hold(m_Lock);
     if (m_pFree == nullptr) {
-        if (auto* const block = new (std::nothrow) Block{m_pBlocks, {}}; block != nullptr) {
-            m_pBlocks = block;
-            for (Node& node : block->Nodes) {
-                node.Next = m_pFree;
-                m_pFree = &node;
-            }
+        m_pBlocks = new Block{m_pBlocks, {}};
+        for (Node& node : m_pBlocks->Nodes) {
+            node.Next = m_pFree;
+            m_pFree = &node;
         }
     }
     Node* const node = m_pFree;
-    if (node == nullptr) {
-        return nullptr;
-    }
     m_pFree = node->Next;
     *node = {nullptr, item, true};
     (m_pTail == nullptr ? m_pHead : m_pTail->Next) = node;
@@ -102,8 +99,8 @@ void* CRtmPtrList::GetNext(POSITION& position) const {
     return node->Item;
 }
 
+// Under the lock.
 void* CRtmPtrList::RemoveHead() {
-    const std::lock_guard hold(m_Lock);
     Node* const node = m_pHead;
     if (node == nullptr) {
         return nullptr;
@@ -121,19 +118,26 @@ void* CRtmPtrList::RemoveHead() {
 void CRtmPtrList::RemoveAll() {
     const std::lock_guard hold(m_Lock);
     while (m_pHead != nullptr) {
-        Node* const node = m_pHead;
-        m_pHead = node->Next;
-        *node = {m_pFree, nullptr, false};
-        m_pFree = node;
+        RemoveHead();
     }
-    m_pTail = nullptr;
+}
+
+void TakeAllItems(CRtmPtrList& queue, void (*take)(void* item)) {
+    const std::lock_guard hold(queue.m_Lock);
+    while (void* const item = queue.RemoveHead()) {
+        take(item);
+    }
 }
 
 void* CRtmPtrList::TakeFrom(const void* list) {
     Registry& registry = Registry::Get();
     const std::lock_guard hold(registry.Lock);
     CRtmPtrList* const found = *registry.Find(list);
-    return found == nullptr ? nullptr : found->RemoveHead();
+    if (found == nullptr) {
+        return nullptr;
+    }
+    const std::lock_guard holdList(found->m_Lock);
+    return found->RemoveHead();
 }
 
 int tickhost_take_view_item(void* queue, char** data, int* length) {

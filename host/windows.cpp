@@ -1,19 +1,22 @@
 // Windows, their owner threads, and the messages between them.
 //
 // One lock guards all; it is never held while a procedure runs. A window that is destroyed leaves the table
-// at once, and its record goes when no procedure of it runs any more.
+// at once, and its record goes when no procedure of it runs any more. The windows of a thread end with it,
+// those of the main thread with the process.
 #include <algorithm>
 #include <condition_variable>
 #include <list>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
+#include <utility>
 
 #include "host/exports.h"
 #include "host/guarded.h"
 #include "host/per_thread.h"
 #include "host/platform.h"
 #include "host/settings.h"
+#include "host/view_messages.h"
 
 namespace {
 
@@ -54,16 +57,19 @@ struct Thread {
 
     Queue Waiting;              // for its windows, oldest first
     int Senders = 0;            // how many of them have a sender who waits
+    uint64_t Swept = 0;         // by which sweep its messages were looked through last
     Thread* Blocker = nullptr;  // owner of the window that it waits to be rid of
     std::condition_variable Wake;
 };
-using CurrentThread = PerThread<Thread>;
+using CurrentThread = PerThread<Thread, MainThread::EndsWithProcess>;
 
 struct World {
     std::mutex Lock;
     std::unordered_map<HWND, Window*> Windows;
     uintptr_t LastHandle = 0;
     uint64_t LastNumber = 0;
+    uint64_t LastSweep = 0;
+    int64_t ViewMessages = 0;  // how many wait, of all threads
 };
 using Hold = std::unique_lock<std::mutex>;
 
@@ -75,6 +81,11 @@ World& TheWorld() {
 Window* Find(const World& world, HWND handle) {
     const auto found = world.Windows.find(handle);
     return found == world.Windows.end() ? nullptr : found->second;
+}
+
+// How many messages of a queue's items this one is.
+int64_t ViewMessages(const Message& message) {
+    return message.Id == kViewMessage ? 1 : 0;
 }
 
 void Give(Reply& reply, LRESULT result) {
@@ -103,6 +114,7 @@ LRESULT Run(Hold& hold, Window& window, UINT id, WPARAM first, LPARAM second) {
 void RunQueued(Hold& hold, Thread& self, Queue::iterator position) {
     const Message message = *position;
     self.Waiting.erase(position);
+    TheWorld().ViewMessages -= ViewMessages(message);
     self.Senders -= message.Answer != nullptr ? 1 : 0;
     const LRESULT result = Run(hold, *message.Target, message.Id, message.First, message.Second);
     if (message.Answer != nullptr) {
@@ -130,6 +142,7 @@ bool Enqueue(World& world, Message message) {
     message.Number = world.LastNumber + 1;
     owner.Waiting.push_back(message);
     ++world.LastNumber;
+    world.ViewMessages += ViewMessages(message);
     if (message.Answer != nullptr) {
         ++owner.Senders;
         owner.Wake.notify_one();
@@ -137,7 +150,7 @@ bool Enqueue(World& world, Message message) {
     return true;
 }
 
-void DropMessages(const Window& window) {
+void DropMessages(World& world, const Window& window) {
     Thread& owner = *window.Owner;
     owner.Waiting.remove_if([&](const Message& message) {
         if (message.Target != &window) {
@@ -147,6 +160,7 @@ void DropMessages(const Window& window) {
             --owner.Senders;
             Give(*message.Answer, 0);
         }
+        world.ViewMessages -= ViewMessages(message);
         return true;
     });
 }
@@ -163,7 +177,7 @@ bool WaitsFor(const Thread* waiter, const Thread* other) {
 void Destroy(World& world, Hold& hold, Thread& self, Window* window) {
     world.Windows.erase(window->Handle);
     window->Destroyed = true;
-    DropMessages(*window);
+    DropMessages(world, *window);
     if (window->Running == 0) {
         delete window;
         return;
@@ -280,6 +294,27 @@ BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return found != nullptr && OrRefuse(false, [&] {
                return Enqueue(world, {0, found, message, wParam, lParam, nullptr});
            });
+}
+
+void DropViewMessages(const void* queue) {
+    World& world = TheWorld();
+    const Hold hold(world.Lock);
+    if (world.ViewMessages == 0) {
+        return;
+    }
+    ++world.LastSweep;
+    for (const auto& [handle, window] : world.Windows) {
+        Thread& owner = *window->Owner;
+        if (std::exchange(owner.Swept, world.LastSweep) == world.LastSweep) {
+            continue;
+        }
+        owner.Waiting.remove_if([&](const Message& message) {
+            const bool stale = message.Id == kViewMessage && message.Answer == nullptr &&
+                               message.First == reinterpret_cast<WPARAM>(queue);
+            world.ViewMessages -= stale ? 1 : 0;
+            return stale;
+        });
+    }
 }
 
 void ResetWindows() {

@@ -265,9 +265,24 @@ TEST_F(Module, GuardsAreTheMutexThatTheHostNamesAndOneOfTheManagersAddress) {
     *std::to_chars(address, std::end(address), reinterpret_cast<uintptr_t>(&manager), 16).ptr = '\0';
     EXPECT_TRUE(WaitsFor(address, [&] { manager.RegistMapDecoder(nullptr, "RDUMMY01_R"); }));
     Told();
-    EXPECT_EQ(manager.AddTrStcdInfo("1ASII      ", 11, kStockClass, kWantTrades), 1);
-    EXPECT_EQ(manager.AddTrStcdInfo("           ", 11, kStockClass, kWantTrades), 0);
+    char code[] = "1ASII      ";
+    char blank[] = "           ";
+    EXPECT_EQ(manager.AddTrStcdInfo(code, 11, kStockClass, kWantTrades), 1);
+    EXPECT_EQ(manager.AddTrStcdInfo(blank, 11, kStockClass, kWantTrades), 0);
     EXPECT_EQ(Told(), Events{Added('1', "1ASII", "80000000")});
+}
+
+TEST_F(Module, ATypeThatAHostAddsToAMapGoesWithIt) {
+    CRTMMapManager manager;
+    const tickmux_handle handle = manager.RegistMapDecoder(nullptr, "RSTICK11_R");
+    char types[] = "AZZ\x7f ";
+    manager.RegistPacketType(reinterpret_cast<tagMAPINFO*>(handle), types);
+    std::string packet = TickInquiry("1ASII");
+    EXPECT_EQ(manager.InitMapDecoder(handle, packet.data()), 1);
+    packet[0] = 'Z';
+    EXPECT_EQ(manager.PutRTMPacket(packet.data(), 101), 1);
+    EXPECT_EQ(manager.UnregistMapDecoder(handle), 1);
+    EXPECT_EQ(manager.PutRTMPacket(packet.data(), 101), 1) << "nobody is called who is gone";
 }
 
 }  // namespace

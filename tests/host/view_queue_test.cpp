@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cstring>
+#include <memory>
 #include <optional>
 #include <thread>
 
@@ -54,6 +55,21 @@ TEST(ViewQueue, HandsOverEachItemOnceAndInOrder) {
     taker.join();
     EXPECT_FALSE(wrong);
     EXPECT_EQ(Take(&queue), -1);
+
+    // All at once, by a call of this platform's and by those that every queue has.
+    static int s_nSum = 0;
+    const auto add = [](void* item) {
+        const std::unique_ptr<ViewItem> owned(static_cast<ViewItem*>(item));
+        delete[] owned->pData;
+        s_nSum = 10 * s_nSum + owned->nLen;
+    };
+    for (const auto& takeAll : {&TakeAllItems, &TakeAllByPosition<CRtmPtrList>}) {
+        queue.AddTail(ItemOf(1));
+        queue.AddTail(ItemOf(2));
+        takeAll(queue, add);
+        takeAll(queue, add);
+    }
+    EXPECT_EQ(s_nSum, 1212);
 }
 
 TEST(ViewQueue, IsEmptyOnceItIsGone) {
@@ -65,6 +81,23 @@ TEST(ViewQueue, IsEmptyOnceItIsGone) {
     queue.reset();
     EXPECT_EQ(Take(stale), -1);
     EXPECT_EQ(Take(nullptr), -1);
+
+    // A message of the former queue that still waits does not reach the next one at its place.
+    const auto count = [](void* context, HWND, uint32_t, uintptr_t, intptr_t) -> intptr_t {
+        return ++*static_cast<int*>(context);
+    };
+    int told = 0;
+    HWND window = tickhost_create_window(count, &told);
+    const auto tell = [&](uintptr_t place) { PostMessageA(window, 2244, place, 0); };
+    queue.emplace();
+    tell(reinterpret_cast<uintptr_t>(stale));
+    tell(1);
+    queue.reset();
+    queue.emplace();
+    tell(reinterpret_cast<uintptr_t>(stale));
+    EXPECT_EQ(tickhost_pump_messages(), 2);
+    EXPECT_EQ(told, 2);
+    tickhost_destroy_window(window);
 
     // Taking goes on while queues come and go at the same place.
     std::atomic<void*> latest = nullptr;

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "framework/tickmux.h"
 #include "host/platform.h"
 #include "tests/reliability/allocations.h"
 
@@ -16,6 +17,7 @@ struct Calls {
     std::function<void()> Action;
 };
 thread_local Calls t_Calls;
+thread_local int t_nToRefused = 0;
 
 // The next function of the name, behind this program's.
 template <class Function>
@@ -39,6 +41,10 @@ int HostCallsEnd() {
     return std::exchange(t_Calls, {}).Count;
 }
 
+void RefuseViewMessage(int n) {
+    t_nToRefused = n;
+}
+
 BOOL IsWindow(HWND window) {
     return Behind("IsWindow", &IsWindow)(window);
 }
@@ -46,6 +52,9 @@ LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return Behind("SendMessageA", &SendMessageA)(window, message, wParam, lParam);
 }
 BOOL SendNotifyMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_TICKMUX_VIEW && t_nToRefused > 0 && --t_nToRefused == 0) {
+        return FALSE;
+    }
     return Behind("SendNotifyMessageA", &SendNotifyMessageA)(window, message, wParam, lParam);
 }
 BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

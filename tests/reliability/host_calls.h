@@ -10,4 +10,7 @@ void AtHostCall(int n, const std::function<void()>& action);
 // Ends that; gives how many calls there were.
 int HostCallsEnd();
 
+// The n-th message from now on that would tell a screen of an item cannot be sent; 0: all can.
+void RefuseViewMessage(int n);
+
 #endif

@@ -1,6 +1,9 @@
 // Windows that go, and windows that call back, at every point where the module calls out.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <cstdlib>
+
 #include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
 #include "tests/reliability/host_calls.h"
@@ -24,11 +27,20 @@ struct Pair {
         Disturbed.Feed();
         BareScreen::EndBatch();
     }
+    // Two, and then ends until all that waits has gone.
+    void Batches() const {
+        Batch();
+        Batch();
+        for (int more = 0; more < 8; ++more) {
+            BareScreen::EndBatch();
+        }
+    }
     void End() {
-        ReleaseMap(Disturbed.Handle);
-        Disturbed.Unregist();
-        Other.Unregist();
-        Third.Unregist();
+        ReleaseMap(Other.Handle);
+        for (BareScreen* screen : {&Disturbed, &Other, &Third}) {
+            UnregistMap(screen->Handle);
+            screen->Handle = 0;
+        }
     }
 
     BareScreen Disturbed;
@@ -39,8 +51,7 @@ struct Pair {
 Buffers Undisturbed(BareHost& host, const Sample& sample) {
     Pair pair(host, sample);
     pair.Inquire();
-    pair.Batch();
-    pair.Batch();
+    pair.Batches();
     pair.End();
     return pair.Other.Received;
 }
@@ -71,8 +82,7 @@ TEST(Windows, AScreenMayGoAtEachCallOfABatchAndTheOthersGoOn) {
                 Pair pair(host, sample);
                 pair.Inquire();
                 AtHostCall(n, [&pair] { pair.Disturbed.CloseWindow(); });
-                pair.Batch();
-                pair.Batch();
+                pair.Batches();
                 calls = HostCallsEnd();
                 pair.End();
                 EXPECT_EQ(pair.Other.Received, expected) << sample.Map << " call " << n;
@@ -118,19 +128,22 @@ TEST(Windows, AScreenAndTheCommunicationManagerMayCallBackFromEachMessage) {
                 {
                     Pair pair(host, sample);
                     messages = 0;
-                    host.OnCall = [&] {
-                        if (++messages == n) {
+                    const auto counting = [&] {
+                        if (++messages == n && pair.Disturbed.Handle != 0) {
                             const int outer = messages;
                             action.Run(pair);
                             messages = outer;
                         }
                     };
+                    host.OnCall = counting;
                     pair.Inquire();
                     pair.Batch();
                     pair.Batch();
                     host.OnCall = [] {};
                     ExpectBothRecovered(pair, what);
+                    host.OnCall = counting;
                     pair.End();
+                    host.OnCall = [] {};
                 }
                 tickhost_pump_messages();
                 EXPECT_EQ(heap::InUse().Blocks, before) << what;
@@ -139,6 +152,42 @@ TEST(Windows, AScreenAndTheCommunicationManagerMayCallBackFromEachMessage) {
             }
         }
     }
+}
+
+// Each message in turn cannot be sent: its item is told with the next one or at the next batch end.
+TEST(Windows, AsManyMessagesComeAsItems) {
+    BareHost host;
+    for (const Sample& sample : Samples()) {
+        const Buffers expected = Undisturbed(host, sample);
+        for (std::size_t n = 1; n <= 2 * expected.size(); ++n) {
+            Pair pair(host, sample);
+            pair.Inquire();
+            RefuseViewMessage(static_cast<int>(n));
+            pair.Batches();
+            RefuseViewMessage(0);
+            EXPECT_EQ(pair.Other.Received, expected) << sample.Map << " message " << n;
+            pair.End();
+        }
+    }
+}
+
+TEST(Windows, AProcessThatEndsWithScreensOpenWithdrawsAll) {
+    EXPECT_EXIT(
+        {
+            auto* const host = new BareHost;
+            for (const Sample& sample : Samples()) {
+                auto* const screen = new BareScreen(*host, sample);
+                screen->Regist();
+                screen->InitFirst();
+            }
+            host->OnCall = [host] {
+                if (host->Open.empty()) {
+                    std::fputs("nothing is asked for\n", stderr);
+                }
+            };
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), "^nothing is asked for\n$");
 }
 
 }  // namespace
