@@ -65,9 +65,9 @@ int CRRPASS01::Init(const char* buffer) {
         !m_List.Take(in, items, former)) {
         return 0;
     }
-    m_Pending.Clear();
     TakeItems();
     m_List.MoveFrom(former);
+    m_Pending.Clear();  // also what came from within the requests
     return 1;
 }
 

@@ -72,6 +72,7 @@ protected:
     CandleDecoder(HWND hWnd, const PacketSlots& slots) : CRTMPacketDecoder(hWnd, slots) {
         ClearBlock();
         FillBlank(m_Front.Tag);
+        m_CandleTag = m_Front.Tag;
         Reset();
     }
 
@@ -128,7 +129,8 @@ private:
     Column m_Next;           // trades past the boundary
     Column m_Minute;         // bars, merged up to the bucket's close
     DWORD m_dwLastTick = 0;  // when the throttle was last decided, in milliseconds
-    HeadedRows m_Front;      // request tag and display head
+    HeadedRows m_Front;      // request tag, of a refused inquiry too, and display head
+    RequestTag m_CandleTag;  // of the last inquiry whose text was whole; candle rows leave under it
     char m_Date[8];
     WaitingRows<Row> m_Ticks;
 };
@@ -146,6 +148,7 @@ int CandleDecoder<Kind>::Init(const char* buffer) {
         std::memcmp(init.RequestDate, init.Date, sizeof(init.Date)) < 0) {
         return 0;
     }
+    m_CandleTag = m_Front.Tag;
     const Key former = FollowedKey();
     Put(m_Key, init.Key);
     Filter().Set(FollowedKey());
@@ -369,7 +372,7 @@ void CandleDecoder<Kind>::PostRow(ViewBuffer buffer, char action, const ClockTim
         Row Newest;
     };
     auto& candle = buffer.As<Candle>();
-    candle.Front.Tag = m_Front.Tag;
+    candle.Front.Tag = m_CandleTag;
     candle.Front.Head = m_Front.Head;
     candle.Front.Head.RowAction = action;
     Kind::Write(candle.Front.Head.Price, m_LiveClose);

@@ -69,6 +69,9 @@ TEST_F(PassThrough, PacketsWaitOverAStopAndGoWithTheNextInit) {
     EXPECT_TRUE(Silent());
     EXPECT_EQ(Init(list), 1);
     EXPECT_EQ(After(Nav("1FUND01")), Nav("1FUND01").Bytes());
+    m_Terminal.OnNextRequest([&] { Feed(first); });
+    EXPECT_EQ(Init(list), 1);
+    EXPECT_TRUE(Silent()) << "what comes from within the requests goes too";
 }
 
 TEST_F(PassThrough, AListThatEndsWithinItsRequestsGivesUpWhatItAskedFor) {
