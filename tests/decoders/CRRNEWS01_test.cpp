@@ -27,7 +27,7 @@ TEST_F(NewsScreen, AHeadlineIsARowWithTheLabelOfItsCategory) {
     Open(Inquiry('0'));
     EXPECT_EQ(Told(), Events{});
     Expect(News("21", "   Three blanks").Code("ASII"), Sent("Stock", "Three blanks", "21", "ASII"));
-    Expect(News("1x"), Sent("IDX", "Title", "1x"));
+    Expect(News("1x", " \tTab "), Sent("IDX", "\tTab", "1x"));
     Expect(News("20", "a"), Sent("Orvel Tr", "ast", "20"));
     Expect(News("20", ""), Sent("Orvel Tr", "ust", "20"));
     const std::string full = std::string(78, 'x') + "00";

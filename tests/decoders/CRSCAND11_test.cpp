@@ -119,9 +119,53 @@ TEST_F(StockChart, ATradeThatTheLastBarCoversSendsNothing) {
     Open(CandleInquiry("1ASII", 'G').Row(Newest("090130")));
     Feed(At("090200", 1015, 1), Bar("1ASII", "090200"));
     NextShort();
+    EndBatchAt(m_Now = 1000);
+    Feed(At("090201", 1015, 1));
+    EndBatchAt(1300);
+    EXPECT_TRUE(m_Screen->Empty()) << "the time is taken also without a row";
+    EXPECT_EQ(Traded("090202", 1), "1 090202         43");
+}
+
+TEST_F(StockChart, ARollClearsAChangeThatWasHeldBack) {
+    for (const auto& [start, end] : {std::pair(1000U, 1300U), {0xFFFFFF00U, 100U}}) {
+        m_Now = start;
+        Open(CandleInquiry("1ASII", 'E').Row(Newest("090130")));
+        Feed(At("090301", 1020, 3), Bar("1ASII", "090300"));
+        NextShort();
+        EndBatchAt(end);
+        m_Now = 5000;
+        EXPECT_TRUE(Silent()) << "too early, or the counter has wrapped";
+        EXPECT_EQ(Traded("090302", 2), "2 090302          5");
+    }
+    Feed(At("090303", 1020, 1));
+    Init(CandleInquiry("1ASII", 'E').Row(Newest("090130")));
     EndBatch();
-    EXPECT_TRUE(m_Screen->Empty());
-    EXPECT_EQ(Traded("090201", 1), "1 090201         42");
+    EXPECT_EQ(NextShort(), "1  90000         40") << "the inquiry's candle is not finished";
+    for (const auto& [period, time] : {std::pair('E', "090300"), {'A', "090300"}, {'A', "090130"}}) {
+        Feed(At("090303", 1020, 1));
+        Init(CandleInquiry("1ASII", period).Row(Newest(time)));
+        EXPECT_TRUE(Silent()) << "also rolled by Init, and ticks go";
+    }
+}
+
+TEST_F(StockChart, TimesThatAreNoneDaysAndMidnight) {
+    for (const char* time : {"199900", "235959", "      "}) {
+        Open(CandleInquiry("1ASII", 'C').Row(Newest(time)));
+        EXPECT_EQ(Traded("235957", 1), "2 235957          1") << time;
+        Feed(Bar("1ASII", "100000"));
+        NextShort();
+        Traded("235958", 2);
+        EXPECT_EQ(Traded("235959", 4), "1 235959          6") << "no boundary was known at the first trade";
+    }
+    for (const auto& [date, action] : {std::pair("20261119", "2"), {"20261120", "1"}, {"20261121", "1"}}) {
+        Open(CandleInquiry("1ASII", 'L').Row(Candle({date, "090130"})));
+        EXPECT_EQ(Traded("090200", 5), std::string(action) + " 090200       1000") << date;
+    }
+    Open(CandleInquiry("1ASII", 'E').Row(Newest("090130")));
+    Feed(Bar("1ASII", "235700"));
+    NextShort();
+    EXPECT_EQ(Traded("235800", 5), "2 235800         45");
+    EXPECT_EQ(Traded("235801", 1), "1 235801          6") << "the boundary is 000000";
 }
 
 TEST_F(StockChart, ARollTakesBackWhatCameBehindTheClosingBar) {
@@ -153,14 +197,9 @@ TEST_F(StockChart, HalfMinutesMergeBarsInSilenceAndSumsOfQuantitiesWrap) {
     }
 }
 
-TEST_F(StockChart, ARefusedInquiryKeepsItsKeyUnlessThePeriodAloneIsWrong) {
-    Open(CandleInquiry("1ASII", 'E').Row(Newest("090130")));
-    Told();
-    EXPECT_EQ(Init(CandleInquiry("1OTHER", 'E').Row(Newest("090130")).Row(Newest("090200"))), 0);
-    EXPECT_EQ(Init(CandleInquiry("1OTHER", 'E').Dates("20261119", "20261120")), 0);
+TEST_F(StockChart, AnUnknownPeriodTakesItsKeyAndOnlyTicksStayAskedFor) {
+    m_Screen = m_Terminal.Open("RSCAND11_R");
     const std::string deleted[] = {Deleted('1', "1ASII", "90000000"), Deleted('1', "1OTHER", "90000000")};
-    m_Screen->Release();
-    EXPECT_EQ(Told(), Events{deleted[0]});
     for (const char period : {'D', 'F', 'M', ' ', '1'}) {
         EXPECT_EQ(Init(CandleInquiry("1OTHER", period)), 0) << period;
         EXPECT_EQ(Told(), Events{});

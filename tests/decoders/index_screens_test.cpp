@@ -38,10 +38,14 @@ TEST_F(IndexPanelScreen, AnUpdateFillsItsFieldsAndLeavesTheInquirys) {
     EXPECT_TRUE(m_Screen->Empty());
 }
 
-TEST_F(IndexPanelScreen, RefusesRangesAndLengthsThatDoNotFit) {
-    Open(Inquiry("1717", "      "));
-    for (const char* range : {"1716", "0018", "9999", "-1 3"}) {
-        EXPECT_EQ(Init(Inquiry(range, std::string(199, ' '))), 0) << range;
+// 990 is 1000 less a rise of 10, by the texts; or the first update's.
+TEST_F(IndexPanelScreen, TheBaseIsThatOfTheFirstThreeFieldsOrElseTheFirstUpdates) {
+    const std::string fields = Tagged("1", "1000.0000") + "1" + Tagged("1", "10.0000") + Left("", 59);
+    for (const auto& [from, index] : {std::pair(0U, 70000000), {1U, 9900000}}) {
+        Open(Inquiry(from == 0 ? "0006" : "0106", fields.substr(from * 17)));
+        EXPECT_EQ(
+            After(IndexUpdate("COMP").Index(index).Day(9900000, 9900001, 9899999)).substr(45 - from * 17),
+            Tagged("1", "990.0001") + Tagged("4", "989.9999") + Tagged("5", "990.0000"));
     }
 }
 
@@ -70,13 +74,6 @@ TEST_F(IndexBoard, ChangedRowsLeaveInBoardOrderOnceABatch) {
     const std::string sent = "B1" + BlockOf({second, third}, "134");
     EXPECT_TRUE((ShowsRows<PlainRows, IndexBoardRow>(m_Screen->Next(), sent)));
     EXPECT_TRUE(Silent());
-}
-
-TEST_F(IndexBoard, RefusesNoRowsAndRowsOfAnotherSize) {
-    Open(IndexBoardInquiry({"AAAA"}));
-    EXPECT_EQ(Init(IndexBoardInquiry({})) + Init(IndexBoardInquiry({"BBBB"}, "133")) +
-                  Init("B1" + Block("-1", "134")),
-              0);
 }
 
 constexpr char kUpdates[] = "8000000";
@@ -137,9 +134,12 @@ TEST_F(IndexChartTicks, TheMachinesDateHasSpacesAndAWrongPeriodLeavesTheSubscrip
     Told();
     EXPECT_EQ(Init(Inquiry("MAIN", 'I', Block("0", "44"))), 0);
     EXPECT_EQ(Told(), Events{});
-    EXPECT_EQ(Init(Inquiry("COMP", 'A', BlockOf({std::string(44, ' ')}, "44"))), 1);
+    EXPECT_EQ(Init(Inquiry("COMP", 'B', BlockOf({std::string(44, ' ')}, "44"))), 1);
     EXPECT_EQ(Told(), (Events{Added('A', "COMP", kUpdates), Deleted('A', "MAIN", kUpdates)}))
         << "a refused period has taken its key";
+    for (const char period : {'A', 'C', 'D', 'E', 'F', 'G', 'H'}) {
+        EXPECT_EQ(Init(Inquiry("COMP", period, Block("0", "44"))), 1) << period;
+    }
 }
 
 std::string Candle(const Rows& figures) {

@@ -44,19 +44,14 @@ TEST_F(StockTicks, TheDateIsTheInquirysOrElseTheMachines) {
     }
 }
 
-TEST_F(StockTicks, ARefusedInquiryKeepsStockAndRowsAndAnotherDropsThem) {
+TEST_F(StockTicks, NothingIsQueuedForAWindowThatIsGone) {
     Open(TickInquiry("1ASII"));
-    Feed(Trade("1ASII").Price(1005).TotalVolume(9));
-    EXPECT_EQ(Init(TickInquiry("1OTHER").Tag("T2").Dates({"20261120", "20261121"})), 0);
-    // The row still leaves, behind the tag and head that the refused text brought.
-    Expect("T2" + Head(".."), {Row("090000", "1005", "1")});
-    Feed(Trade("1ASII"));
-    EXPECT_EQ(Init(TickInquiry("1BBCA")), 1);
-    EXPECT_EQ(After(Trade("1ASII")), "nothing");
-    Feed(Trade("1BBCA"));
-    m_Screen->Stop();
-    EXPECT_EQ(Init(TickInquiry("1BBCA")), 1);
-    EXPECT_TRUE(Silent());
+    m_Screen->StopFetching();
+    for (const bool isThere : {true, false}) {
+        Batch(Trade("1ASII"));
+        EXPECT_EQ(m_Screen->Fetch(), isThere);
+        m_Screen->CloseWindow();
+    }
 }
 
 class StockFills : public ScreenTest {
@@ -154,17 +149,6 @@ TEST_F(VolumeByPrice, RowsOfAnInquiryLieWithinItsText) {
     EXPECT_EQ(Init(Inquiry("1ASII", {row}, "-62")), 1);
 }
 
-TEST_F(VolumeByPrice, AWindowMayEndTheTableWhenItHearsOfARow) {
-    for (const bool stop : {true, false}) {
-        Open(Inquiry("1ASII"));
-        m_Screen->OnNextMessage([&] { stop ? m_Screen->Stop() : Init(Inquiry("1BBCA")); });
-        Traded(1000, 1);
-        Init(Inquiry("1ASII"));
-        Traded(990, 1);
-        Expect({Row("1", "990", "1", "1", "9")});
-    }
-}
-
 class BrokerSummary : public ScreenTest {
 protected:
     BrokerSummary() : ScreenTest("RSBRSM01_R") {}
@@ -210,6 +194,9 @@ TEST_F(FundValues, ShowThreeValuesAgainstTheBase) {
     Open(NavInquiry("1FUND").Base("").First("0.001").Second("-1"));
     Feed(Nav("1FUND").Value1("0"));
     Expect("N1", {"5 0.00", "1 0.00", "5 0.00"});
+    Open(NavInquiry("1FUND").Base("-0.5").First("-1").Second(""));
+    Feed(Nav("1FUND").Value1("-2"));
+    Expect("N1", {"1 0.00", "1 0.00", "1 0.00"});
 }
 
 TEST_F(FundValues, OtherFundsAndLargerKindsChangeNothing) {

@@ -74,21 +74,4 @@ TEST_F(PassThrough, PacketsWaitOverAStopAndGoWithTheNextInit) {
     EXPECT_TRUE(Silent()) << "what comes from within the requests goes too";
 }
 
-TEST_F(PassThrough, AListThatEndsWithinItsRequestsGivesUpWhatItAskedFor) {
-    m_Screen = m_Terminal.Open("RRPASS01_R");
-    m_Terminal.OnNextRequest([this] { m_Screen->Release(); });
-    Init(PassThroughInquiry({Item('1', "1ASII", "11"), Item('1', "1BBBB", "1")}));
-    EXPECT_EQ(Told(), (Events{Added('1', "1ASII", "80000000"), Deleted('1', "1ASII", "80000000")}));
-}
-
-TEST_F(PassThrough, AWindowThatFeedsFromWithinItsMessageGetsAllInOrder) {
-    Open(PassThroughInquiry({Item('1', "1ASII", "1")}));
-    m_Screen->OnNextMessage([this] { Batch(Trade("1ASII").Price(3)); });
-    Batch(Trade("1ASII").Price(1), Trade("1ASII").Price(2));
-    for (const int32_t price : {1, 2, 3}) {
-        EXPECT_EQ(m_Screen->Next(), Trade("1ASII").Price(price).Bytes());
-    }
-    EXPECT_TRUE(Silent());
-}
-
 }  // namespace

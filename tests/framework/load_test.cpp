@@ -63,7 +63,7 @@ public:
                 const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
                 const auto& record = *static_cast<const tagRTMTRSTCDINFO*>(data->lpData);
                 ++static_cast<Requests*>(context)->m_Count[record.nOperation];
-                static_cast<Requests*>(context)->OnRequest();
+                static_cast<Requests*>(context)->OnRequest(record);
                 return 0;
             },
             this));
@@ -78,7 +78,7 @@ public:
     }
     std::string Told() const { return std::to_string(m_Count[0]) + " " + std::to_string(m_Count[1]); }
 
-    std::function<void()> OnRequest = [] {};
+    std::function<void(const tagRTMTRSTCDINFO&)> OnRequest = [](const auto&) {};
 
 private:
     int m_Count[3] = {};
@@ -179,18 +179,31 @@ TEST(Load, NothingStartsWhileTheModuleGoes) {
     Requests requests;
     const SampleWorld world;
     for (const Sample& sample : Samples()) {
-        requests.OnRequest = [] {};
+        requests.OnRequest = [](const auto&) {};
         const LoadedModule module;
         const auto regist = module.Find<uintptr_t(HWND, const char*)>("RegistMap");
         const auto init = module.Find<int(uintptr_t, char*)>("InitMap");
         module.Open(nullptr, sample.First, sample.Map.c_str());
         const uintptr_t last = module.Open(nullptr, sample.First, sample.Map.c_str());
-        requests.OnRequest = [=, &sample, again = sample.Second]() mutable {
+        requests.OnRequest = [=, &sample, again = sample.Second](const auto&) mutable {
             EXPECT_EQ(init(last, again.data()), 0) << sample.Map;
             EXPECT_EQ(regist(nullptr, sample.Map.c_str()), 0U);
         };
     }
     EXPECT_TRUE(requests.Balanced(1)) << requests.Told();
+}
+
+TEST(Load, UnloadEndsScreensInOrderOfRegistration) {
+    Requests requests;
+    std::string order;
+    requests.OnRequest = [&](const tagRTMTRSTCDINFO& record) { order += record.szCode[1]; };
+    {
+        const LoadedModule module;
+        for (const char* key : {"T11A", "T11B", "T11C"}) {
+            module.Open(nullptr, key + kInit.substr(4));
+        }
+    }
+    EXPECT_EQ(order, "ABCABC");
 }
 
 TEST(Load, GradeIsReadOnceAndShutsOffRequestsForGood) {

@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <string_view>
 
+#include "layouts/RSCAND11.h"
 #include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
+#include "tests/support/inquiries.h"
 
 namespace {
 
@@ -109,6 +111,24 @@ TEST(LostRows, ABatchEndWithoutMemoryTriesAgainAndFreesWhatCannotBeQueued) {
             EXPECT_EQ(heap::InUse().Blocks, before) << sample.Map << " allocation " << n;
         }
     }
+}
+
+TEST(LostRows, ABarWithoutMemoryIsMergedAndLeavesItsBucketOpen) {
+    BareHost host;
+    const std::string row =
+        RowOf<StockCandleRow>({"20261120", "090130", "1000", "1010", "990", "1005", "40"});
+    const Rows bars = {Bar("1ASII", "090300").Volume(7).Bytes(), Bar("1ASII", "090400").Volume(9).Bytes()};
+    const Sample chart = {"RSCAND11_R", "D", CandleInquiry("1ASII", 'E').Row(row), "", bars};
+    BareScreen screen(host, chart);
+    screen.Regist();
+    screen.InitFirst();
+    {
+        const heap::Failing failing(1);
+        screen.Feed();
+    }
+    ASSERT_EQ(screen.Received.size(), 1U) << "the first is lost";
+    EXPECT_EQ(screen.Received[0].substr(3, 1) + screen.Received[0].substr(158, 10), "1        56");
+    screen.Unregist();
 }
 
 }  // namespace

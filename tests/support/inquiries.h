@@ -93,6 +93,7 @@ private:
 class CandleInquiry {
 public:
     CandleInquiry(const std::string& key, char period) : m_Key(Left(key, 11)), m_Period(1, period) {}
+    CandleInquiry& Tag(const std::string& tag) { return m_Tag = tag, *this; }
     CandleInquiry& Dates(const std::string& request, const std::string& chart) {
         return m_RequestDate = request, m_Date = chart, *this;
     }
@@ -104,11 +105,12 @@ public:
         return m_Rows.push_back(row), m_RowSize = row.size(), *this;
     }
     operator std::string() const {  // NOLINT(google-explicit-constructor): stands for its text
-        return "C1" + m_Key + m_RequestDate + "..." + m_Date + Head(m_Period + ".", m_Price, m_Quantity) +
+        return m_Tag + m_Key + m_RequestDate + "..." + m_Date + Head(m_Period + ".", m_Price, m_Quantity) +
                BlockOf(m_Rows, std::to_string(m_RowSize));
     }
 
 private:
+    std::string m_Tag = "C1";
     std::string m_Key;
     std::string m_Period;
     std::string m_RequestDate = "20261120";

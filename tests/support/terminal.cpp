@@ -84,6 +84,7 @@ intptr_t Screen::Procedure(void* context, HWND /*window*/, uint32_t message, uin
     auto& screen = *static_cast<Screen*>(context);
     EXPECT_EQ(lParam, 0);
     if (message == WM_TICKMUX_LIST) {
+        EXPECT_EQ(wParam, 0U);
         screen.m_Terminal.Happened("list");
         screen.Act();
         return 0;
