@@ -31,26 +31,23 @@ class TradeMonitor : public ScreenTest {
 protected:
     TradeMonitor() : ScreenTest("RSFLDN01_R") {
         tickhost_set_text("UserDir", m_Folder.Path("").c_str());
-        Master(0, {{"ASII", ""}, {"FULLLENGTH", ""}});
-        Master(3, {{"AB", "0"}, {"WXYZ", "1x"}, {"C", "2"}, {"D", "3"}, {"E", ""}});
+        Master(0, {"ASII", "FULLLENGTH"}, {"", ""});
+        Master(3, {"AB", "WXYZ", "C", "D", "E"}, {"0", "1x", "2", "3", ""});
     }
 
-    // Codes with their marks.
-    static void Master(int kind, const std::vector<std::pair<const char*, const char*>>& entries) {
-        std::vector<const char*> codes;
-        std::vector<const char*> marks;
-        for (const auto& [code, mark] : entries) {
-            codes.push_back(code);
-            marks.push_back(mark);
-        }
+    static void Master(int kind, const std::vector<const char*>& codes,
+                       const std::vector<const char*>& marks) {
         tickhost_set_master(kind, static_cast<int>(codes.size()), codes.data(), codes.data(), marks.data());
     }
-    void Settings(const std::string& text) { m_Folder.Write("TradeMonEnv.ini", text); }
-    void OpenGroups(const std::string& numbers, const std::string& more = "") {
+    void Watch(const std::string& numbers, const std::string& filters = "") {
+        m_Folder.Write("TradeMonEnv.ini",
+                       "[FAVOURITES]\nSELECTEDGROUP=" + numbers + "\n[TRADE_MONITOR]\nALL=0\n" + filters);
+    }
+    void OpenGroups(const std::string& numbers, const std::string& filters = "") {
         m_Folder.Write("Interest.ini",
                        "[GROUP007]\nITEM001=1ZZZZ      The last first\nITEM002=1ASII      A stock\n"
                        "[GROUP012]\nITEM001=2ASII      Once more\nITEM002=1BBBB      Another\n");
-        Settings("[FAVOURITES]\nSELECTEDGROUP=" + numbers + "\n[TRADE_MONITOR]\nALL=0\n" + more);
+        Watch(numbers, filters);
         Open(kInquiry);
     }
     // How many rows the packets make.
@@ -58,6 +55,9 @@ protected:
     std::size_t RowsOf(const Packets&... packets) {
         Feed(packets...);
         return Silent() ? 0 : (m_Screen->Next().size() - sizeof(PlainRows)) / sizeof(MonitorRow);
+    }
+    bool Passes(int32_t price, char sign, int32_t change, int32_t volume) {
+        return RowsOf(Trade("1ASII").Price(price).Change(sign, change).Volume(volume)) == 1;
     }
 
     ScratchFolder m_Folder;
@@ -83,11 +83,14 @@ TEST_F(TradeMonitor, SelectedGroupsAreSubscribedOnThreeBoardsInTheirOrder) {
                  Row("", "BBBB.NG", '1', "20", '1', "20", "0.00", "1") + "     E        ?   "},
                 "98");
     EXPECT_TRUE((ShowsRows<PlainRows, MonitorRow>(m_Screen->Next(), sent)));
-    // One group alone, given without its last character.
-    Settings("[FAVOURITES]\nSELECTEDGROUP=12\n[TRADE_MONITOR]\nALL=0\n");
+    // One group alone, given without its last character. Its stocks and the file's place are still those of
+    // the opening.
+    Watch("12");
+    m_Folder.Write("Interest.ini", "[GROUP012]\nITEM001=1CCCC      Since then\n");
+    tickhost_set_text("UserDir", "elsewhere");
     Told();
     EXPECT_EQ(Init(kInquiry), 1);
-    EXPECT_EQ(Told()[0], Listed({"1ASII", "2ASII", "3ASII", "1BBBB", "2BBBB", "3BBBB"}));
+    EXPECT_EQ(Told().at(0), Listed({"1ASII", "2ASII", "3ASII", "1BBBB", "2BBBB", "3BBBB"}));
     EXPECT_EQ(RowsOf(Trade("1ZZZZ")), 0U);
 }
 
@@ -115,26 +118,46 @@ TEST_F(TradeMonitor, FiltersHaveInclusiveBoundsAndAreReadAnew) {
     OpenGroups("007",
                "PRICE=1\nCHANGE%=1\nVOLUME=1\n[PRICE]\nFROM=90\nTO=1030\n"
                "[CHANGE%]\nFROM=3\nTO=5\n[VOLUME]\nFROM=10\n");
-    const auto passes = [this](int32_t price, char sign, int32_t change, int32_t volume) {
-        return RowsOf(Trade("1ASII").Price(price).Change(sign, change).Volume(volume)) == 1;
-    };
-    EXPECT_TRUE(passes(1030, '2', 30, 10)) << "exactly 3 per cent";
-    EXPECT_FALSE(passes(1031, '2', 31, 10) || passes(1030, '2', 29, 10) || passes(1030, '2', 30, 9));
-    EXPECT_TRUE(passes(105, '2', 5, 10)) << "exactly 5 per cent";
-    EXPECT_FALSE(passes(106, '2', 6, 10) || passes(89, '2', 3, 10) || passes(1030, '5', 30, 10));
-    Settings("[FAVOURITES]\nSELECTEDGROUP=007\n[TRADE_MONITOR]\nALL=0\nCHANGE%=1\n[PRICE]\nTO=1\n");
+    EXPECT_TRUE(Passes(1030, '2', 30, 10)) << "exactly 3 per cent";
+    EXPECT_FALSE(Passes(1031, '2', 31, 10) || Passes(1030, '2', 29, 10) || Passes(1030, '2', 30, 9));
+    EXPECT_TRUE(Passes(105, '2', 5, 10)) << "exactly 5 per cent";
+    EXPECT_FALSE(Passes(106, '2', 6, 10) || Passes(89, '2', 3, 10) || Passes(1030, '5', 30, 10));
+    Watch("007", "CHANGE%=1\n[CHANGE%]\nFROM=-5\nTO=-3\n[PRICE]\nTO=1\n");
     EXPECT_EQ(Init(kInquiry), 1);
-    EXPECT_TRUE(passes(20, '2', 20, 1)) << "without a base the rate is 0";
+    EXPECT_TRUE(Passes(950, '5', 50, 1)) << "exactly -5 per cent";
+    EXPECT_FALSE(Passes(970, '5', 30, 1)) << "-3, moved towards zero; the upper bound is not";
+    Watch("007", "CHANGE%=1\n");
+    EXPECT_EQ(Init(kInquiry), 1);
+    EXPECT_TRUE(Passes(20, '2', 20, 1)) << "without a base the rate is 0";
 }
 
-TEST_F(TradeMonitor, WithoutMasterDataTheFormerStocksStayAskedFor) {
-    OpenGroups("012");
-    Feed(Trade("1ASII"));
-    Told();
+TEST_F(TradeMonitor, LongTextsOfTheSettingsAreCut) {
+    // The last two characters of each are beyond what is read.
+    const std::string from(29, '0');
+    const std::string to(1021, '0');
+    OpenGroups(Joined(Rows(255, "099,")) + "007,012", "PRICE=1\nCHANGE%=1\nVOLUME=1\n[PRICE]\nFROM=" + from +
+                                                          "1199\nTO=" + to + "1199\n[CHANGE%]\nFROM=" + from +
+                                                          "1099\nTO=" + to + "1099\n[VOLUME]\nFROM=" + from +
+                                                          "1399\n");
+    EXPECT_EQ(Told().at(0), Listed({"1ZZZZ", "2ZZZZ", "3ZZZZ", "1ASII", "2ASII", "3ASII"}));
+    EXPECT_TRUE(Passes(11, '2', 1, 13)) << "11, 10 per cent, 13";
+    EXPECT_FALSE(Passes(22, '2', 2, 13) || Passes(11, '2', 2, 13) || Passes(11, '2', 1, 12));
+}
+
+TEST_F(TradeMonitor, AnIndustrysAccountWatchesItsListAsFarAsTheTerminalHasTheData) {
+    const char* code = "ASII";
+    tickhost_set_tobrin_account(1);
+    tickhost_set_industry(1, 1, &code, &code);
+    Open(kInquiry);
+    EXPECT_EQ(Told().at(0), Listed({"1ASII", "2ASII", "3ASII"}));
     tickhost_set_master(3, -1, nullptr, nullptr, nullptr);
     EXPECT_EQ(Init(kInquiry), 0);
     m_Screen->Release();
-    EXPECT_EQ(Told(), Events{});
+    EXPECT_EQ(Told(), Events{}) << "without brokers the former stocks stay asked for";
+    Master(3, {}, {});
+    tickhost_set_industry(0, 1, &code, &code);
+    EXPECT_EQ(Init(kInquiry), 1);
+    EXPECT_EQ(RowsOf(Trade("1ASII")), 0U);
 }
 
 }  // namespace

@@ -75,9 +75,15 @@ TEST_F(InterestBoard, AlarmStatesFollowTheConditionOfTheirRow) {
     Alarms("1", {{1, limits},
                  {2, "comparison=2\nprice=1\nBasis price=10000\ndecreased price=5\n"},
                  {3, "price=2\nVolume=500.5\n"},
-                 {4, limits}});
+                 {4, limits},
+                 {5, "decreased price=1100\nincreased price=0.9\n"},
+                 {6, "decreased price=0.9\nincreased price=900\n"},
+                 {7, "price=1\ndecreased price=5\nVolume=900\n"}});
     // In state 1 they would be tested at once.
-    Open(Inquiry({RowText("2", "R1"), RowText("2", "R2"), RowText("2", "R3"), RowText("3", "R4")}));
+    const std::string inquiry =
+        Inquiry({RowText("2", "R1"), RowText("2", "R2"), RowText("2", "R3"), RowText("3", "R4"),
+                 RowText("2", "R5"), RowText("2", "R6"), RowText("2", "R7")});
+    Open(inquiry);
     const auto state = [this](const std::string& code, int32_t price, int32_t best2, int32_t volume) {
         return States(Trade("1" + code).Price(price).Best(0, best2).TotalVolume(volume));
     };
@@ -90,6 +96,11 @@ TEST_F(InterestBoard, AlarmStatesFollowTheConditionOfTheirRow) {
         << "per cent of the basis; -1 is no lower bound";
     EXPECT_EQ(state("R3", 1, 1, 500) + state("R3", 1, 1, 501), "12") << "volume alone";
     EXPECT_EQ(state("R4", 2000, 0, 0), "1") << "a row that came silent has no record";
+    EXPECT_EQ(state("R5", 1100, 0, 0) + state("R6", 900, 0, 0), "11") << "one limit switches the other off";
+    EXPECT_EQ(state("R7", 1000, 0, 899) + state("R7", 1, 0, 900), "12") << "without a basis volume alone";
+    Alarms("0", {{1, limits}});
+    EXPECT_EQ(Init(inquiry), 1);
+    EXPECT_EQ(state("R1", 1100, 0, 0) + state("R3", 1, 1, 501), "31") << "sound and alarms are read anew";
 }
 
 TEST_F(InterestBoard, FiftyRowsHaveAlarmsAndTwoHundredARow) {
@@ -102,15 +113,7 @@ TEST_F(InterestBoard, FiftyRowsHaveAlarmsAndTwoHundredARow) {
     Open(Inquiry(rows));
     EXPECT_EQ(States(Trade("1R200"), Trade("1R51"), Trade("1R50")), "311");
     rows.push_back(RowText("1", "R201"));
-    EXPECT_EQ(Init(Inquiry(rows)), 0);
-}
-
-TEST_F(InterestBoard, RefusesNoRowsAndRowsOfAnotherSizeAndForgetsTheFormerChanges) {
-    Open(Inquiry({RowText(" ", "AAAA")}));
-    Feed(Trade("1AAAA"));
-    EXPECT_EQ(Init(Inquiry({})) + Init(Inquiry({RowText(" ", "BBBB")}, "177")), 0);
-    EXPECT_EQ(Init(Inquiry({RowText(" ", "BBBB")})), 1);
-    EXPECT_TRUE(Silent());
+    EXPECT_EQ(Init(Inquiry(rows)) + Init(Inquiry({})) + Init(Inquiry({RowText("1", "R1")}, "177")), 0);
 }
 
 }  // namespace

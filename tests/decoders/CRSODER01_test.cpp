@@ -65,22 +65,21 @@ TEST_F(OrderBook, AQuantityChangesAgainstTheSamePriceOfTheFormerBook) {
 
 TEST_F(OrderBook, QuantitiesThatRunOverWrapAndShowTheirMagnitude) {
     Open(BookInquiry("1ASII"));
-    const Book least = Book("1ASII").Base(0).Side1(-5, -2147483647 - 1, 0).Side2(0, 0, 0);
-    After(least);
-    const std::string image = After(Book("1ASII").Base(0).Side1(-5, 0, 0).Side2(7, 0, 0));
-    EXPECT_EQ(image.substr(sizeof(PlainRows), 54), Side("-2147483648", "0", "0.00", "4 ", "-5"));
-    EXPECT_EQ(image.substr(sizeof(PlainRows) + 54, 54), Side("", "0", "0.00", "1 ", "7"));
+    After(Book("1ASII").Base(0).Side1(-5, INT32_MIN, 0).Side2(0, 0, 0));
+    EXPECT_EQ(After(Book("1ASII").Base(0).Side1(-5, 0, 0).Side2(7, 0, 0)).substr(26, sizeof(BookRow)),
+              Side("-2147483648", "0", "0.00", "4 ", "-5") + Side("", "0", "0.00", "1 ", "7"));
 }
 
 TEST_F(OrderBook, TheMarkMovesWithTheTradesAndTheirFirstPriceTellsABase) {
-    const std::string rows = Side("+3", "40", "1.00", "77", "1005") + Side("-4", "50", "2.00", "77", "1005");
-    Open(BookInquiry("1ASII", BlockOf({rows}, "108")));
+    const std::string row = Side("+3", "40", "1.00", "77", "1005") + Side("-4", "50", "2.00", "77", "1005");
+    Open(BookInquiry("1ASII", BlockOf(Rows(kBookRows, row), "108")));
     // Diffs and figures stay, tags come from the base that the trade tells.
     const std::string image = After(Trade("1ASII").Price(1005).Change('5', 5));
     EXPECT_EQ(image.substr(sizeof(PlainRows), sizeof(BookRow)),
               Side("+3", "40", "1.00", "4z", "1005") + Side("-4", "50", "2.00", "4 ", "1005"));
+    EXPECT_EQ(Mark(image), "0a1a2a3a4a5a6a7a8a9a10a");
     const Book book = Book("1ASII").Side1(995, 1, 1).Side2(1005, 1, 1).Level(3, 0, 0, 1010, 1);
-    EXPECT_EQ(Mark(After(book)), "0b");
+    EXPECT_EQ(Mark(After(book)), "0b10a") << "the totals keep the price that the inquiry gave them";
     EXPECT_EQ(Mark(After(Trade("1ASII").Price(1010))), "3b");
     EXPECT_EQ(Mark(After(Trade("1ASII").Price(995))), "0a");
 }
@@ -90,8 +89,23 @@ TEST_F(OrderBook, WithoutTheMarkTradesCountForNothing) {
     folder.Write("EnvVar.ini", "[USER_TABLE_HOGARECT]\nUSE=0\n");
     tickhost_set_text("DataDir", folder.Path("").c_str());
     Open(BookInquiry("1ASII"));
+    folder.Write("EnvVar.ini", "[USER_TABLE_HOGARECT]\nUSE=1\n");
+    EXPECT_EQ(Init(BookInquiry("1ASII")), 1) << "the setting is that of the opening";
     EXPECT_EQ(After(Trade("1ASII").Price(1005)), "nothing");
     EXPECT_EQ(Mark(After(Book("1ASII"))), "");
+}
+
+TEST_F(OrderBook, WhatTheInquiryWroteStaysUntilAFailedInitBlanksIt) {
+    const std::string reserved = "sixteen reserved";
+    const std::string row = Side("", "", "", "..", "") + Side("", "", "", "..", "");
+    Open(BookInquiry("1ASII", "   1 108" + reserved + row));
+    const Book book = Book("1ASII").Base(-1);  // no base: no tags either
+    EXPECT_EQ(After(book).substr(0, 80), "O1  11 108" + reserved + Side("+10", "10", "-99600", "..", "995"));
+    Feed(book);
+    EXPECT_EQ(Init("O2"), 0);
+    EndBatch();
+    EXPECT_EQ(m_Screen->Next().substr(0, 80),
+              "O2  11 108" + std::string(16, ' ') + Side("", "10", "-99600", "  ", "995"));
 }
 
 TEST_F(OrderBook, AnInitThatOverrunsTheImageIsRefusedAndTheStockStays) {
