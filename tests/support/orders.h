@@ -38,9 +38,8 @@ public:
     Notice& Record(const std::string& kind) { return Fill(m_Packet.RecordKind, kind), *this; }
     Notice& Parent(const std::string& orderNo) { return Fill(m_Packet.ParentOrderNo, orderNo), *this; }
     // In whole units.
-    Notice& Quantity(int64_t quantity) {
-        return Fill(m_Packet.Quantity, std::to_string(quantity * 100)), *this;
-    }
+    Notice& Quantity(int64_t quantity) { return Hundredths(quantity * 100); }
+    Notice& Hundredths(int64_t quantity) { return Fill(m_Packet.Quantity, std::to_string(quantity)), *this; }
     Notice& Price(const std::string& price) { return Fill(m_Packet.Price, price), *this; }
     Notice& Side(char side) { return m_Packet.Side = side, *this; }
     Notice& Board(const std::string& name) { return Fill(m_Packet.BoardName, name), *this; }
@@ -85,6 +84,7 @@ public:
         Ordered("100").Status("Open");
     }
     ExpectedRow& Named(const std::string& text) { return Fill(m_Row.DisplayText, text), *this; }
+    ExpectedRow& Item(const std::string& code) { return Fill(m_Row.Code, code), *this; }
     ExpectedRow& At(const std::string& time) { return Fill(m_Row.Time, time), *this; }
     ExpectedRow& Ordered(const std::string& figure) { return Fill(m_Row.OrderQty, Right(figure, 15)), *this; }
     ExpectedRow& Open(const std::string& figure) { return Fill(m_Row.UnfilledQty, Right(figure, 15)), *this; }
