@@ -1,0 +1,173 @@
+#!/usr/bin/env python3
+"""clang-tidy over what has changed since it was last found clean.
+
+    scripts/tidy.py BUILD...     the sources that these build folders have compiled
+
+What is clean is noted in build/tidy/clean.json: a source with its headers, its compile command, the settings and
+the version of clang-tidy. Sources with one command are checked in batches, each as one text that includes them, since
+most of the time goes into the headers of the standard library; sources that cannot stand in one text, because they
+have a name in common, are parted. Exit 1 if anything is found.
+"""
+
+import concurrent.futures
+import hashlib
+import json
+import os
+import pathlib
+import re
+import shlex
+import subprocess
+import sys
+
+HERE = pathlib.Path.cwd()
+FOLDER = HERE / "build" / "tidy"
+CLEAN = FOLDER / "clean.json"
+BATCH = 16
+CHEAPEST = "misc-unused-alias-decls"  # parses, and looks for hardly anything
+SETTINGS = [HERE / ".clang-tidy", pathlib.Path(__file__)]
+# A batch's sources are headers to clang-tidy.
+OURS = f"^({re.escape(str(HERE))}/)?(?!build/|/usr/).*\\.(h|cpp)$"
+# Compiler options that clang does not know, and the launcher in front.
+UNKNOWN = {"-fno-gnu-unique", "-fprofile-update=atomic"}
+NOISE = re.compile(r"^\d+ warnings? (and \d+ errors? )?generated|^Suppressed|^Use -header|^$")
+
+
+class Source:
+    def __init__(self, path, command, headers):
+        self.path = path
+        self.command = command
+        self.headers = headers
+
+    def state(self, common):
+        text = hashlib.sha256(common)
+        text.update(" ".join(self.command).encode())
+        for path in [self.path, *self.headers]:
+            text.update(path.encode())
+            text.update(pathlib.Path(path).read_bytes())
+        return text.hexdigest()
+
+
+def options_of(entry):
+    words = [word for word in shlex.split(entry["command"]) if word not in UNKNOWN]
+    if "ccache" in words[0]:
+        words = words[1:]
+    options = []
+    skip = False
+    for word in words[1:]:
+        if skip:
+            skip = False
+        elif word in ("-o", "-MT", "-MF", "-c"):
+            skip = word != "-c"
+        elif word not in ("-MD", entry["file"]):
+            options.append(word)
+    return options
+
+
+def headers_by_object(build):
+    """What ninja has noted of each object: the files of ours that it was made from."""
+    listing = subprocess.run(["ninja", "-C", build, "-t", "deps"], check=True, capture_output=True, text=True).stdout
+    headers = {}
+    current = None
+    for line in listing.splitlines():
+        if line.startswith("    "):
+            path = os.path.relpath(os.path.join(HERE, build, line.strip()), HERE)
+            if not path.startswith(".."):
+                headers[current].append(path)
+        elif ":" in line:
+            current = line.split(":")[0]
+            headers[current] = []
+    return headers
+
+
+def sources_of(build):
+    headers = headers_by_object(build)
+    found = {}
+    for entry in json.loads(pathlib.Path(build, "compile_commands.json").read_text(encoding="utf-8")):
+        path = os.path.relpath(entry["file"], HERE)
+        if path.startswith((".." , "build/")) or not path.endswith(".cpp"):
+            continue
+        made = shlex.split(entry["command"])
+        target = entry.get("output") or made[made.index("-o") + 1]
+        found[path] = Source(path, options_of(entry), sorted(set(headers.get(target, []))))
+    return list(found.values())
+
+
+def run_tidy(file, command, *options):
+    done = subprocess.run(["clang-tidy", "--quiet", *options, str(file), "--", *command], capture_output=True, text=True)
+    return done.returncode == 0, "\n".join(
+        line for line in (done.stdout + done.stderr).splitlines() if not NOISE.match(line))
+
+
+def in_one_text(batch, *options):
+    name = hashlib.sha256(" ".join(source.path for source in batch).encode()).hexdigest()[:16]
+    unity = FOLDER / f"{name}.cpp"
+    unity.write_text("".join(f'#include "{HERE}/{source.path}"  // NOLINT(bugprone-suspicious-include)\n'
+                             for source in batch), encoding="utf-8")
+    try:
+        return run_tidy(unity, batch[0].command, *options)
+    finally:
+        unity.unlink()
+
+
+def parted(batch):
+    """The batch as ones that can each stand in one text: who has another's name goes on to the next."""
+    while batch:
+        later = []
+        while len(batch) > 1:
+            _, told = in_one_text(batch, f"--checks=-*,{CHEAPEST}")
+            clash = {source for source in batch[1:] if re.search(
+                rf"{re.escape(source.path)}:\d+:\d+: error: .*clang-diagnostic-error", told)}
+            if not clash:
+                break
+            later += [source for source in batch if source in clash]
+            batch = [source for source in batch if source not in clash]
+        yield batch
+        batch = later
+
+
+def check(batch):
+    """Whether all is clean, and what was found."""
+    if len(batch) == 1:
+        return run_tidy(batch[0].path, batch[0].command, f"--header-filter={OURS}")
+    return in_one_text(batch, f"--header-filter={OURS}")
+
+
+def check_all(sources):
+    return [(batch, *check(batch)) for batch in parted(sources)]
+
+
+def batches_of(sources):
+    groups = {}
+    for source in sources:
+        groups.setdefault((os.path.dirname(source.path), tuple(source.command)), []).append(source)
+    for group in groups.values():
+        for start in range(0, len(group), BATCH):
+            yield group[start:start + BATCH]
+
+
+def main():
+    FOLDER.mkdir(parents=True, exist_ok=True)
+    version = subprocess.run(["clang-tidy", "--version"], check=True, capture_output=True).stdout
+    common = version + b"".join(path.read_bytes() for path in SETTINGS)
+    noted = set(json.loads(CLEAN.read_text(encoding="utf-8"))) if CLEAN.exists() else set()
+    sources = {source.path: source for build in sys.argv[1:] for source in sources_of(build)}
+    states = {source.path: source.state(common) for source in sources.values()}
+    due = [source for source in sources.values() if states[source.path] not in noted]
+    print(f"  {len(due)} of {len(sources)} sources")
+    kept = noted & set(states.values())
+    failed = False
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as workers:
+        jobs = [workers.submit(check_all, batch) for batch in batches_of(due)]
+        for job in concurrent.futures.as_completed(jobs):
+            for batch, clean, told in job.result():
+                if clean:
+                    kept.update(states[source.path] for source in batch)
+                    CLEAN.write_text(json.dumps(sorted(kept)), encoding="utf-8")
+                else:
+                    failed = True
+                    print(told, file=sys.stderr)
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
