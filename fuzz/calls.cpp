@@ -43,7 +43,7 @@ void Host::Step(bool within) {
     switch (what % kCalls) {
         case 0:
         case 1:
-            Desk::Feed(SamplePackets()[argument % SamplePackets().size()]);
+            Desk::Get().Feed(SamplePackets()[argument % SamplePackets().size()]);
             break;
         case 2:
             EndRTMUnpackToDecoder();
@@ -63,7 +63,7 @@ void Host::Step(bool within) {
         case 7:
             if (slot.Open == nullptr) {
                 slot.Map = &Samples()[argument % Samples().size()];
-                slot.Open = std::make_unique<Screen>(slot.Map->Map);
+                slot.Open = std::make_unique<Screen>(Desk::Get(), slot.Map->Map);
             }
             break;
         default:

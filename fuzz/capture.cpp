@@ -23,7 +23,7 @@ void Replay(tools::CaptureReader& capture, const tools::ScreenKind& kind) {
         if (!tally.Check(record)) {
             Fold(tools::PacketTally::Fault(record));
         }
-        Desk::Feed({record.Bytes, static_cast<std::size_t>(record.Length)});
+        Desk::Get().Feed(std::string(record.Bytes, static_cast<std::size_t>(record.Length)));
     }
     EndRTMUnpackToDecoder();
     screen.Show();

@@ -1,27 +1,25 @@
 #include "fuzz/desk.h"
 
 #include <cstddef>
-#include <cstdlib>
-#include <cstring>
 #include <filesystem>
-#include <memory>
-#include <utility>
 
 #include "fuzz/fold.h"
+
 namespace fuzz {
 
 namespace {
 
-// Where a packet's code stands, and which class it is of.
+// Where a packet's code stands, how long it is, and of which class.
 struct CodePlace {
     std::string_view Types;
     char Class;
     std::size_t Offset;
+    std::size_t Size;
 };
 constexpr CodePlace kCodePlaces[] = {
-    {"ABCD", kStockClass, 1}, {"R", kStockClass, 1 + offsetof(CompactTradePacket, Key)},
-    {"EF", kIndexClass, 1},   {"M", kMarketClass, 1},
-    {"N", kFundClass, 1},     {"@", kSpecialClass, 1}};
+    {"ABCD", kStockClass, 1, 11}, {"R", kStockClass, 1 + offsetof(CompactTradePacket, Key), 11},
+    {"EF", kIndexClass, 1, 4},    {"M", kMarketClass, 1, 5},
+    {"N", kFundClass, 1, 11},     {"@", kSpecialClass, 1, 11}};
 
 }  // namespace
 
@@ -31,8 +29,8 @@ Desk& Desk::Get() {
 }
 
 Desk::Desk() {
-    tickhost_set_communication_manager(tickhost_create_window(&TakeRequest, this));
-    tickhost_set_function_sink(&TakeFunction, this);
+    // A message that is not as it must be ends the run.
+    GTEST_FLAG_SET(break_on_failure, true);
     constexpr tickhost_time kNow{2026, 11, 20, 9, 0, 0, 0};
     tickhost_set_local_time(&kNow);
     tickhost_set_system_time(&kNow);
@@ -44,7 +42,8 @@ Desk::Desk() {
 void Desk::Begin() {
     m_nTicks = 0;
     PassTime(0);
-    m_Codes.clear();
+    Events();
+    Subscribed.clear();
     m_OnMessage = nullptr;
     g_Checksum = 0;
 }
@@ -54,24 +53,18 @@ void Desk::PassTime(uint32_t milliseconds) {
     tickhost_set_tick_count(1, m_nTicks);
 }
 
-void Desk::Feed(std::string_view packet) {
-    const std::unique_ptr<char[]> block(new char[packet.size()]);
-    packet.copy(block.get(), packet.size());
-    PutRTMPacketToDecoder(block.get(), static_cast<int>(packet.size()));
-}
-
-void Desk::Batch(const std::vector<std::string>& packets) const {
+void Desk::Batch(const std::vector<std::string>& packets) {
     for (const std::string& packet : packets) {
         Feed(packet);
         if (const std::string addressed = Addressed(packet); addressed != packet) {
             Feed(addressed);
         }
     }
-    EndRTMUnpackToDecoder();
+    EndBatch();
     tickhost_pump_messages();
 }
 
-void Desk::Interrupt() {
+void Desk::OnCall() {
     if (const auto action = std::exchange(m_OnMessage, nullptr)) {
         action();
     }
@@ -79,78 +72,13 @@ void Desk::Interrupt() {
 
 std::string Desk::Addressed(std::string packet) const {
     for (const CodePlace& place : kCodePlaces) {
-        const auto code = m_Codes.find(place.Class);
-        if (place.Types.find(packet.front()) != std::string_view::npos && code != m_Codes.end()) {
-            packet.replace(place.Offset, code->second.size(), code->second);
+        const auto asked = Subscribed.lower_bound(std::string(1, place.Class));
+        if (place.Types.find(packet.front()) != std::string_view::npos && asked != Subscribed.end() &&
+            asked->first.front() == place.Class) {
+            packet.replace(place.Offset, place.Size, asked->first, 1, place.Size);
         }
     }
     return packet;
-}
-
-intptr_t Desk::TakeRequest(void* context, HWND /*window*/, uint32_t /*message*/, uintptr_t /*wParam*/,
-                           intptr_t lParam) {
-    auto& desk = *static_cast<Desk*>(context);
-    const auto& data = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
-    Fold({static_cast<const char*>(data.lpData), data.cbData});
-    tagRTMTRSTCDINFO record;
-    std::memcpy(&record, data.lpData, sizeof(record));
-    if (record.nOperation == kAddCode) {
-        const auto length = static_cast<std::size_t>(static_cast<int32_t>(record.nCodeLen));
-        desk.m_Codes[record.chClass] = std::string(record.szCode, length);
-    }
-    desk.Interrupt();
-    return 0;
-}
-
-void Desk::TakeFunction(void* context, HWND /*window*/, const char* login, char /*type*/, const char* name,
-                        const char* text, int length) {
-    Fold(login);
-    Fold(name);
-    Fold({text, static_cast<std::size_t>(length)});
-    static_cast<Desk*>(context)->Interrupt();
-}
-
-Screen::Screen(const std::string& map)
-    : m_hWnd(tickhost_create_window(&TakeMessage, this)),
-      m_Handle(RegistMap(m_hWnd, map.c_str())),
-      m_nTagBytes(map == "RRPASS01_R" ? 0 : sizeof(RequestTag)) {
-    if (m_Handle == 0) {
-        std::abort();
-    }
-}
-
-Screen::~Screen() {
-    UnregistMap(m_Handle);
-    CloseWindow();
-}
-
-int Screen::Init(std::string_view text) const {
-    const std::unique_ptr<char[]> block(new char[text.size() + 1]);
-    block[text.copy(block.get(), text.size())] = '\0';
-    return InitMap(m_Handle, block.get());
-}
-
-intptr_t Screen::TakeMessage(void* context, HWND /*window*/, uint32_t message, uintptr_t wParam,
-                             intptr_t /*lParam*/) {
-    auto& screen = *static_cast<Screen*>(context);
-    Desk::Get().Interrupt();
-    if (message == WM_TICKMUX_VIEW && screen.m_bFetching) {
-        screen.Fetch(reinterpret_cast<void*>(wParam));
-    }
-    return 0;
-}
-
-void Screen::Fetch(void* queue) const {
-    char* data = nullptr;
-    int length = 0;
-    while (tickhost_take_view_item(queue, &data, &length) != 0) {
-        const std::string_view buffer(data, m_nTagBytes + static_cast<std::size_t>(length));
-        Fold(buffer);
-        if (m_Take) {
-            m_Take(buffer);
-        }
-        tickhost_free_view_data(data);
-    }
 }
 
 }  // namespace fuzz

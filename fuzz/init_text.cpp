@@ -35,9 +35,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     Desk& desk = Desk::Get();
     desk.Begin();
     Input in(data, size);
-    Screen screen(g_pSample->Map);
+    Screen screen(desk, g_pSample->Map);
     for (int texts = 0; texts < 4 && !(in.Empty() && texts > 0); ++texts) {
-        screen.Init(in.Text());
+        screen.Init(std::string(in.Text()));
         desk.Batch(g_pSample->Packets);
     }
     screen.Stop();

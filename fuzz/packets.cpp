@@ -1,20 +1,68 @@
 // Packets of right and nearly right length, to one map's screen: a byte that tells the map, an Init text up
 // to a zero byte, or the sample's, then records of a mark, a type char and a payload, which zeros fill up.
+#include <algorithm>
 #include <random>
 
 #include "fuzz/desk.h"
 #include "fuzz/input.h"
-#include "fuzz/packet_records.h"
 
 using namespace fuzz;
+
+namespace {
+
+// Of the samples' packets, which have every type; 0 for an unknown one.
+std::size_t PayloadSize(char type) {
+    const auto sample = std::find_if(SamplePackets().begin(), SamplePackets().end(),
+                                     [type](const std::string& packet) { return packet.front() == type; });
+    return sample == SamplePackets().end() ? 0 : sample->size() - 1;
+}
+
+// A mark modulo kMarks; what is none of these means the right length.
+constexpr unsigned kOneShort = 5;
+constexpr unsigned kOneLong = 6;
+constexpr unsigned kBatchEnd = 7;
+constexpr unsigned kMarks = 8;
+
+struct Record {
+    unsigned Mark;
+    char Type;
+    std::size_t Size;  // of the payload that goes in
+    std::string_view Payload;
+};
+
+bool IsBatchEnd(const Record& record) {
+    return record.Mark % kMarks == kBatchEnd;
+}
+
+Record NextRecord(Input& in) {
+    Record record{in.Byte(), '\0', 0, {}};
+    if (IsBatchEnd(record)) {
+        return record;
+    }
+    record.Type = static_cast<char>(in.Byte());
+    if (const std::size_t size = PayloadSize(record.Type); size > 0) {
+        const unsigned mark = record.Mark % kMarks;
+        record.Size = mark == kOneShort ? size - 1 : mark == kOneLong ? size + 1 : size;
+    }
+    record.Payload = in.Take(record.Size);
+    return record;
+}
+
+std::string PacketOf(const Record& record) {
+    std::string packet = record.Type + std::string(record.Payload);
+    packet.resize(1 + record.Size);
+    return packet;
+}
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     Desk& desk = Desk::Get();
     desk.Begin();
     Input in(data, size);
     const Sample& sample = Samples()[in.Byte() % Samples().size()];
-    const std::string_view init = in.Text();
-    const Screen screen(sample.Map);
+    const std::string init(in.Text());
+    Screen screen(desk, sample.Map);
     screen.Init(init.empty() ? sample.First : init);
     constexpr int kMostRecords = 100;
     for (int records = 0; records < kMostRecords && !in.Empty(); ++records) {
@@ -23,7 +71,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
             desk.PassTime(record.Mark);
             EndRTMUnpackToDecoder();
         } else {
-            Desk::Feed(PacketOf(record));
+            desk.Feed(PacketOf(record));
         }
     }
     EndRTMUnpackToDecoder();

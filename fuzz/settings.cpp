@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     const char* const maps[] = {"RSFLDN01_R", "RSITST01_R", "RSODER01_R"};
     if (const unsigned map = choice % 4; map < std::size(maps)) {
         const Sample& sample = SampleOf(maps[map]);
-        const Screen screen(sample.Map);
+        Screen screen(desk, sample.Map);
         screen.Init(sample.First);
         desk.Batch(sample.Packets);
     } else {

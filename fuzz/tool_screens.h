@@ -15,12 +15,12 @@ namespace fuzz {
 class ToolScreen {
 public:
     ToolScreen(const tools::ScreenKind& kind, const tools::InitText& init)
-        : m_View(kind.Open(init, 10)), m_Screen(kind.Map) {
+        : m_View(kind.Open(init, 10)), m_Screen(Desk::Get(), kind.Map) {
         m_Screen.OnBuffer([this](std::string_view buffer) {
             m_View->Take(buffer);
             Fold(m_View->Show(buffer));
         });
-        m_Screen.Init(init.Bytes());
+        m_Screen.Init(std::string(init.Bytes()));
     }
     ToolScreen(const ToolScreen&) = delete;
     ToolScreen& operator=(const ToolScreen&) = delete;

@@ -39,11 +39,3 @@ testing::AssertionResult SameFields(const std::string& actual, const std::string
     differences << "\n  whole: " << Ruler(actual, 0, end) << "\n  expected: " << Ruler(expected, 0, end);
     return testing::AssertionFailure() << differences.str();
 }
-
-std::string Left(const std::string& text, std::size_t width) {
-    return text + std::string(width - text.size(), ' ');
-}
-
-std::string Right(const std::string& text, std::size_t width) {
-    return std::string(width - text.size(), ' ') + text;
-}

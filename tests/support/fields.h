@@ -7,13 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/text.h"
 #include "tools/fields.h"
-
-template <class Bytes>
-std::string Text(const Bytes& bytes) {
-    static_assert(alignof(Bytes) == 1);
-    return {reinterpret_cast<const char*>(&bytes), sizeof(Bytes)};
-}
 
 // Compares a buffer whole; the difference is told field by field.
 testing::AssertionResult SameFields(const std::string& actual, const std::string& expected,
@@ -30,9 +25,5 @@ testing::AssertionResult ShowsRows(const std::string& actual, const std::string&
     return SameFields(actual, expected, tools::FieldsOf<Front>(), sizeof(Front), tools::FieldsOf<Row>(),
                       sizeof(Row));
 }
-
-// Fixed-width text: `text` with spaces behind or in front.
-std::string Left(const std::string& text, std::size_t width);
-std::string Right(const std::string& text, std::size_t width);
 
 #endif

@@ -3,8 +3,6 @@
 #include <cstring>
 #include <sstream>
 
-#include "tests/support/fields.h"
-
 namespace {
 
 std::string TellRecord(const tagRTMTRSTCDINFO& record) {
@@ -29,9 +27,9 @@ std::string Asked(const std::string& operation, char chClass, const std::string&
 
 Screen::Screen(Terminal& terminal, const std::string& mapName)
     : m_Terminal(terminal),
-      m_hWnd(tickhost_create_window(&Procedure, this)),
+      m_hWnd(WindowOf(*this)),
       m_Handle(RegistMap(m_hWnd, mapName.c_str())),
-      m_nTagBytes(mapName == "RRPASS01_R" ? 0 : sizeof(RequestTag)) {}
+      m_nTagBytes(TagBytesOf(mapName)) {}
 
 Screen::~Screen() {
     Unregister();
@@ -69,43 +67,34 @@ std::string Screen::Next() {
 }
 
 bool Screen::Fetch() {
-    char* data = nullptr;
-    int length = 0;
-    if (tickhost_take_view_item(m_pQueue, &data, &length) == 0) {
-        return false;
-    }
-    m_Buffers.emplace_back(data, static_cast<std::size_t>(length) + m_nTagBytes);
-    tickhost_free_view_data(data);
-    return true;
+    return ::Fetch(m_pQueue, m_nTagBytes, m_Take);
 }
 
-intptr_t Screen::Procedure(void* context, HWND /*window*/, uint32_t message, uintptr_t wParam,
-                           intptr_t lParam) {
-    auto& screen = *static_cast<Screen*>(context);
+void Screen::OnMessage(uint32_t message, uintptr_t wParam, intptr_t lParam) {
     EXPECT_EQ(lParam, 0);
-    if (message == WM_TICKMUX_LIST) {
-        EXPECT_EQ(wParam, 0U);
-        screen.m_Terminal.Happened("list");
-        screen.Act();
-        return 0;
-    }
-    EXPECT_EQ(message, static_cast<uint32_t>(WM_TICKMUX_VIEW));
-    screen.m_Terminal.Happened("view");
-    screen.m_pQueue = reinterpret_cast<void*>(wParam);
-    screen.Act();
-    if (screen.m_bFetching) {
-        screen.Fetch();
-    }
-    return 0;
-}
-
-void Screen::Act() {
+    const bool list = message == WM_TICKMUX_LIST;
+    EXPECT_EQ(message, static_cast<uint32_t>(list ? WM_TICKMUX_LIST : WM_TICKMUX_VIEW));
+    EXPECT_TRUE(!list || wParam == 0);
+    m_Terminal.Happened(list ? "list" : "view");
+    m_Terminal.OnCall();
+    m_pQueue = list ? m_pQueue : wParam;
     std::exchange(m_OnMessage, [] {})();
+    if (!list && m_bFetching) {
+        Fetch();
+    }
 }
 
-Terminal::Terminal() : m_hManager(tickhost_create_window(&Procedure, this)) {
+Terminal::Terminal() : m_hManager(WindowOf(*this)) {
     tickhost_set_communication_manager(m_hManager);
-    tickhost_set_function_sink(&TakeFunction, this);
+    tickhost_set_function_sink(
+        [](void* context, HWND, const char* /*loginText*/, char type, const char* name, const char* text,
+           int length) {
+            auto& terminal = *static_cast<Terminal*>(context);
+            terminal.Happened(std::string("function ") + type + " " + name + " [" +
+                              std::string(text, static_cast<std::size_t>(length)) + "]");
+            terminal.OnCall();
+        },
+        this);
 }
 
 Terminal::~Terminal() {
@@ -134,21 +123,22 @@ Events Terminal::Events() {
     return std::exchange(m_Events, {});
 }
 
-void Terminal::TakeFunction(void* context, HWND /*window*/, const char* /*loginText*/, char type,
-                            const char* name, const char* text, int length) {
-    static_cast<Terminal*>(context)->Happened(std::string("function ") + type + " " + name + " [" +
-                                              std::string(text, static_cast<std::size_t>(length)) + "]");
-}
-
-intptr_t Terminal::Procedure(void* context, HWND /*window*/, uint32_t message, uintptr_t wParam,
-                             intptr_t lParam) {
+void Terminal::OnMessage(uint32_t message, uintptr_t wParam, intptr_t lParam) {
     EXPECT_EQ(message, static_cast<uint32_t>(WM_COPYDATA));
     EXPECT_EQ(wParam, 0U);
     const auto& data = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
     EXPECT_EQ(data.dwData, static_cast<uintptr_t>(TICKMUX_COPYDATA_SUBSCRIPTION));
     EXPECT_EQ(data.cbData, sizeof(tagRTMTRSTCDINFO));
-    auto& terminal = *static_cast<Terminal*>(context);
-    terminal.Happened(TellRecord(*static_cast<const tagRTMTRSTCDINFO*>(data.lpData)));
-    std::exchange(terminal.m_OnRequest, [] {})();
-    return 0;
+    const auto& record = *static_cast<const tagRTMTRSTCDINFO*>(data.lpData);
+    Happened(TellRecord(record));
+    for (uint32_t flag = 1; record.nOperation != kCancelAll && flag != 0; flag <<= 1U) {
+        if ((record.dwFlags & flag) != 0) {
+            const std::string what = record.chClass + Text(record.szCode) + std::to_string(flag);
+            if ((Subscribed[what] += record.nOperation == kAddCode ? 1 : -1) == 0) {
+                Subscribed.erase(what);
+            }
+        }
+    }
+    OnCall();
+    std::exchange(m_OnRequest, [] {})();
 }

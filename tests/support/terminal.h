@@ -7,13 +7,15 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "framework/tickmux.h"
-#include "host/tickhost.h"
+#include "framework/subscription.h"
+#include "tests/support/fields.h"
+#include "tests/support/host_parts.h"
 #include "tests/support/packets.h"
 
 using Events = std::vector<std::string>;
@@ -24,7 +26,7 @@ class Terminal;
 class Screen {
 public:
     Screen(Terminal& terminal, const std::string& mapName);
-    ~Screen();
+    virtual ~Screen();
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
 
@@ -44,31 +46,35 @@ public:
 
     // Runs within the next message, once, before a buffer is fetched.
     void OnNextMessage(std::function<void()> action) { m_OnMessage = std::move(action); }
-    // From now on messages leave their buffers in the queue.
-    void StopFetching() { m_bFetching = false; }
+    // Whether messages have a buffer fetched at once; else they leave it in the queue.
+    void SetFetching(bool on) { m_bFetching = on; }
+    void StopFetching() { SetFetching(false); }
     // Takes one item off the queue of the last message; false: it is empty.
     bool Fetch();
+    // Gets each buffer that is fetched from now on, which is then not kept for Next.
+    void OnBuffer(std::function<void(std::string_view)> take) { m_Take = std::move(take); }
+
+    // What the window gets.
+    virtual void OnMessage(uint32_t message, uintptr_t wParam, intptr_t lParam);
 
 private:
-    static intptr_t Procedure(void* context, HWND window, uint32_t message, uintptr_t wParam,
-                              intptr_t lParam);
-
-    void Act();
-
     Terminal& m_Terminal;
     HWND m_hWnd;
     tickmux_handle m_Handle;
-    void* m_pQueue = nullptr;
-    std::size_t m_nTagBytes;  // none where packets pass through
+    uintptr_t m_pQueue = 0;
+    std::size_t m_nTagBytes;
     bool m_bFetching = true;
     std::function<void()> m_OnMessage = [] {};
     std::deque<std::string> m_Buffers;
+    std::function<void(std::string_view)> m_Take = [this](std::string_view buffer) {
+        m_Buffers.emplace_back(buffer);
+    };
 };
 
 class Terminal {
 public:
     Terminal();
-    ~Terminal();
+    virtual ~Terminal();
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
 
@@ -87,17 +93,19 @@ public:
     // What has happened since the last call: "add 1 [1ASII      ] 11 80000000", "delete ...", "cancel [...]",
     // "function A K11OI060 [...]", "view" for each message 2244, "list" for each 2248.
     ::Events Events();
-    void Happened(const std::string& event) { m_Events.push_back(event); }
+    virtual void Happened(const std::string& event) { m_Events.push_back(event); }
     // Runs within the next subscription request, once.
     void OnNextRequest(std::function<void()> action) { m_OnRequest = std::move(action); }
 
+    // At each request, function call and message, when it has been written down.
+    virtual void OnCall() {}
+    // What the communication manager's window gets.
+    virtual void OnMessage(uint32_t message, uintptr_t wParam, intptr_t lParam);
+
+    // By class, code and flag: how often each is asked for more than it is given up. None is no entry.
+    std::map<std::string, int> Subscribed;
+
 private:
-    static intptr_t Procedure(void* context, HWND window, uint32_t message, uintptr_t wParam,
-                              intptr_t lParam);
-
-    static void TakeFunction(void* context, HWND window, const char* loginText, char type, const char* name,
-                             const char* text, int length);
-
     HWND m_hManager;
     std::function<void()> m_OnRequest = [] {};
     ::Events m_Events;
