@@ -6,40 +6,25 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
-#include <cstring>
 #include <string>
 #include <vector>
 
-#include "framework/packets.h"
 #include "framework/tickmux.h"
 #include "host/tickhost.h"
+#include "tests/support/inquiries.h"
 
 namespace {
 
 constexpr int kBatch = 256;
 
-std::string TickInquiry() {
-    return "T11ASII      " + std::string(86, ' ') + "   0  38" + std::string(16, ' ');
-}
-
-std::string CandleInquiry() {
-    return "C11ASII      20261120   20261120E " + std::string(84, ' ') + "   0  66" + std::string(16, ' ');
-}
-
 // A batch of trades that walk up and down, second by second.
-std::vector<TradePacket> Trades() {
-    std::vector<TradePacket> trades(kBatch);
-    int second = 0;
-    for (TradePacket& trade : trades) {
-        FillBlank(trade);
-        std::memcpy(&trade.Key, "1ASII      ", sizeof(trade.Key));
-        const std::string time = std::to_string(90000 + second / 60 * 100 + second % 60);
-        std::memcpy(trade.Time, ("0" + time).c_str(), sizeof(trade.Time));
-        trade.Price = 1000 + second * 7919 % 97 * 5;
-        trade.Volume = 1 + second * 104729 % 5000;
-        trade.TotalVolume = 100000 + second * 2500;
-        trade.Value = 1005000;
-        ++second;
+std::vector<std::string> Trades() {
+    std::vector<std::string> trades;
+    for (int second = 0; second < kBatch; ++second) {
+        Trade trade("1ASII");
+        trade.Time("0" + std::to_string(90000 + second / 60 * 100 + second % 60));
+        trade.Price(1000 + second * 7919 % 97 * 5).Volume(1 + second * 104729 % 5000);
+        trades.push_back(trade.TotalVolume(100000 + second * 2500).Value(1005000).Bytes());
     }
     return trades;
 }
@@ -51,11 +36,7 @@ void OneTrade(benchmark::State& state, const char* mapName, std::string inquiry)
     if (InitMap(map, inquiry.data()) == 0) {
         state.SkipWithError("Init was refused");
     }
-    std::vector<std::string> packets;
-    for (const TradePacket& trade : Trades()) {
-        packets.push_back(TradePacket::kType +
-                          std::string(reinterpret_cast<const char*>(&trade), sizeof(trade)));
-    }
+    std::vector<std::string> packets = Trades();
     for ([[maybe_unused]] auto _ : state) {
         const auto start = std::chrono::steady_clock::now();
         for (std::string& packet : packets) {
@@ -72,8 +53,8 @@ void OneTrade(benchmark::State& state, const char* mapName, std::string inquiry)
     tickhost_reset();
 }
 
-BENCHMARK_CAPTURE(OneTrade, tick_list, "RSTICK11_R", TickInquiry())->UseManualTime();
-BENCHMARK_CAPTURE(OneTrade, candle, "RSCAND11_R", CandleInquiry())->UseManualTime();
+BENCHMARK_CAPTURE(OneTrade, tick_list, "RSTICK11_R", TickInquiry("1ASII").Dates({}))->UseManualTime();
+BENCHMARK_CAPTURE(OneTrade, candle, "RSCAND11_R", CandleInquiry("1ASII", 'E'))->UseManualTime();
 
 }  // namespace
 

@@ -7,9 +7,9 @@
 #include <memory>
 
 #include "bench/plain/codecs.h"
-#include "bench/support/market.h"
 #include "bench/support/question.h"
 #include "framework/codecs.h"
+#include "tests/support/market.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ using Values = std::vector<Value>;
 
 template <class Value, class Make>
 Values<Value> Made(Make make) {
-    bench::Market market(1);
+    Market market(1);
     Values<Value> values;
     for (int64_t i = 0; i < kValues; ++i) {
         values.push_back(make(market));
@@ -68,13 +68,13 @@ struct WideInteger {
 };
 
 // Prices and volumes, and the widths of the fields that show them.
-int32_t PriceOrVolume(bench::Market& market) {
+int32_t PriceOrVolume(Market& market) {
     return market.Below(2) == 0 ? market.Price()
                                 : static_cast<int32_t>(market.Below(20) == 0 ? market.Below(2'000'000'000)
                                                                              : market.Below(90'000'000));
 }
 
-int WidthOf(bench::Market& market) {
+int WidthOf(Market& market) {
     constexpr int kWidths[] = {12, 12, 12, 15, 15, 15, 9, 10};
     return kWidths[market.Below(8)];
 }
@@ -99,28 +99,27 @@ void Keep(Result result, char* field) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const auto mixed = Made<WideInteger>([](bench::Market& market) {
+    const auto mixed = Made<WideInteger>([](Market& market) {
         return WideInteger{PriceOrVolume(market), WidthOf(market)};
     });
     const auto integers = Made<int32_t>(PriceOrVolume);
-    const auto totals = Made<int64_t>([](bench::Market& market) {
+    const auto totals = Made<int64_t>([](Market& market) {
         return int64_t{market.Below(1'000'000'000)} * market.Below(1'000'000) >> market.Below(12);
     });
-    const auto indices = Made<double>([](bench::Market& market) {
-        return static_cast<int32_t>(1'000'000 + market.Below(89'000'000)) / 10000.0;
-    });
-    const auto rates = Made<double>([](bench::Market& market) {
+    const auto indices = Made<double>(
+        [](Market& market) { return static_cast<int32_t>(1'000'000 + market.Below(89'000'000)) / 10000.0; });
+    const auto rates = Made<double>([](Market& market) {
         const double rate = (static_cast<double>(market.Below(60'000)) - 30'000) / 1000.0;
         return rate > 0 ? rate - 0.00499 : rate + 0.00499;
     });
-    const auto texts = Made<NumberText>(
-        [](bench::Market& market) { return MakeText(PriceOrVolume(market), WidthOf(market)); });
-    const auto texts12 =
-        Made<NumberText>([](bench::Market& market) { return MakeText(PriceOrVolume(market), 12); });
-    const auto decimals = Made<NumberText>([](bench::Market& market) {
+    const auto texts =
+        Made<NumberText>([](Market& market) { return MakeText(PriceOrVolume(market), WidthOf(market)); });
+    const auto texts12 = Made<NumberText>([](Market& market) { return MakeText(PriceOrVolume(market), 12); });
+    const auto decimals = Made<NumberText>([](Market& market) {
         NumberText text{};
         text.Length = 12;
-        plain::DoubleToAscii(market.Below(90'000'000) / 10000.0, text.Text, 12, market.Below(2) == 0 ? 2 : 4);
+        plain::DoubleToAscii(market.Number(90'000'000) / 10000.0, text.Text, 12,
+                             market.Below(2) == 0 ? 2 : 4);
         return text;
     });
 

@@ -1,18 +1,17 @@
 // A packet that none of 1,000 decoders wants: what each of them costs, their objects scattered over the heap.
 
-#include "bench/support/market.h"
 #include "bench/support/session.h"
+#include "tests/support/market.h"
 
 int main(int argc, char** argv) {
     constexpr unsigned kDecoders = 1000;
-    bench::Market market(1);
+    Market market(1);
     bench::Script script;
     for (unsigned stock = 0; stock < kDecoders; ++stock) {
-        script.Screens.push_back({"RSTICK11_R", "T1" + bench::Left(bench::StockOf(stock), 11) +
-                                                    std::string(86, ' ') + bench::Head(0, 38)});
+        script.Screens.push_back({"RSTICK11_R", TickInquiry(StockOf(stock)).Dates({})});
     }
     for (int i = 0; i < 64; ++i) {
-        script.Feed.Add(market.Trade("1OTHER" + std::to_string(i)));
+        script.Feed.push_back(market.NextTrade("1OTHER" + std::to_string(i)).Bytes());
     }
     script.nBatch = 0;
     bench::Question question =

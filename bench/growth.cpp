@@ -3,72 +3,60 @@
 
 #include <benchmark/benchmark.h>
 
-#include "bench/support/market.h"
 #include "bench/support/monitor_terminal.h"
 #include "bench/support/orders.h"
 #include "bench/support/session.h"
-#include "layouts/RSITST01.h"
 
 namespace {
 
 constexpr int kPackets = 1024;
 
 bench::Script Screens(unsigned size) {
-    bench::Market market(1);
+    Market market(1);
     bench::Script script;
     for (unsigned stock = 0; stock < size; ++stock) {
-        script.Screens.push_back({"RSTICK11_R", "T1" + bench::Left(bench::StockOf(stock), 11) +
-                                                    std::string(86, ' ') + bench::Head(0, 38)});
+        script.Screens.push_back({"RSTICK11_R", TickInquiry(StockOf(stock)).Dates({})});
     }
     for (int i = 0; i < 64; ++i) {
-        script.Feed.Add(market.Trade("1OTHER"));
+        script.Feed.push_back(market.NextTrade("1OTHER").Bytes());
     }
     script.nBatch = 8;
     return script;
 }
 
 bench::Script BoardRows(unsigned size) {
-    bench::Market market(1);
+    Market market(1);
     bench::Script script;
-    std::string init = "I1 01" + bench::Head(size, sizeof(InterestRow));
-    for (unsigned stock = 0; stock < size; ++stock) {
-        InterestRow row;
-        FillBlank(row);
-        bench::PutLeft(row.Code, bench::StockOf(stock).substr(1));
-        init.append(reinterpret_cast<const char*>(&row), sizeof(row));
-    }
-    script.Screens = {{"RSITST01_R", init}};
+    script.Screens = {{"RSITST01_R", InterestInquiry(StockCodes(size), "")}};
     for (int i = 0; i < kPackets; ++i) {
-        script.Feed.Add(market.Trade(bench::StockOf(market.Below(size))));
+        script.Feed.push_back(market.NextTrade(StockOf(market.Below(size))).Bytes());
     }
     return script;
 }
 
 bench::Script OrderRows(unsigned size) {
-    bench::Market market(1);
+    Market market(1);
     bench::Script script;
-    script.Screens = {{"RSORDE21_R", bench::OrderInquiry(size)}};
+    tickhost_set_text("UserID", kUser);
+    script.Screens = {{"RSORDE21_R", OrdersInquiry(bench::OpenOrders(size))}};
     for (int i = 0; i < kPackets; ++i) {
-        script.Feed.Add(bench::Fill(market, size));
+        script.Feed.push_back(bench::Fill(market, size));
     }
     return script;
 }
 
 bench::Script Prices(unsigned size) {
-    bench::Market market(1);
+    Market market(1);
     bench::Script script;
-    script.Screens = {
-        {"RSTRBK01_R", "V1" + bench::Left("1ASII", 11) + std::string(8, ' ') + bench::Head(0, 62)}};
-    const auto at = [&market](unsigned price) {
-        TradePacket trade = market.Trade("1ASII");
-        trade.Price = static_cast<int32_t>(price + 1) * 5;
-        return trade;
+    script.Screens = {{"RSTRBK01_R", PriceTableInquiry("1ASII")}};
+    const auto at = [&market](int32_t price) {
+        return market.NextTrade("1ASII").Price((price + 1) * 5).Bytes();
     };
-    for (unsigned price = 0; price < size; ++price) {
-        script.Before.Add(at(price));
+    for (int32_t price = 0; price < static_cast<int32_t>(size); ++price) {
+        script.Before.push_back(at(price));
     }
     for (int i = 0; i < kPackets; ++i) {
-        script.Feed.Add(at(market.Below(size)));
+        script.Feed.push_back(at(market.Number(size)));
     }
     script.nBatch = 0;
     return script;
@@ -76,12 +64,12 @@ bench::Script Prices(unsigned size) {
 
 // Half of the trades are of stocks that nobody watches.
 bench::Script WatchedCodes(unsigned size) {
-    bench::Market market(1);
+    Market market(1);
     bench::Script script;
     script.World = std::make_shared<bench::MonitorTerminal>(size, 0);
     script.Screens = {{"RSFLDN01_R", "M1unread.."}};
     for (int i = 0; i < kPackets; ++i) {
-        script.Feed.Add(market.CompactTrade(bench::StockOf(market.Below(size * 2))));
+        script.Feed.push_back(market.NextCompactTrade(StockOf(market.Below(size * 2))).Bytes());
     }
     script.nBatch = 64;
     return script;
@@ -90,12 +78,12 @@ bench::Script WatchedCodes(unsigned size) {
 // Filters let one trade in a hundred through: an eighth of all go up to nine million.
 bench::Script Monitors(unsigned size) {
     constexpr unsigned kStocks = 900;
-    bench::Market market(1);
+    Market market(1);
     bench::Script script;
     script.World = std::make_shared<bench::MonitorTerminal>(kStocks, 8'280'000);
     script.Screens.assign(size, {"RSFLDN01_R", "M1unread.."});
     for (int i = 0; i < kPackets; ++i) {
-        script.Feed.Add(market.CompactTrade(bench::StockOf(market.Below(kStocks))));
+        script.Feed.push_back(market.NextCompactTrade(StockOf(market.Below(kStocks))).Bytes());
     }
     script.nBatch = 64;
     return script;
@@ -103,15 +91,15 @@ bench::Script Monitors(unsigned size) {
 
 // Packets of stocks that are not listed.
 bench::Script PassItems(unsigned size) {
-    bench::Market market(1);
+    Market market(1);
     bench::Script script;
-    std::string init = bench::Right(std::to_string(size), 4);
+    Rows items;
     for (unsigned stock = 0; stock < size; ++stock) {
-        init += "1" + bench::Left(bench::StockOf(stock), 11) + bench::Left("1", 8);
+        items.push_back(Item('1', StockOf(stock), "1"));
     }
-    script.Screens = {{"RRPASS01_R", init}};
+    script.Screens = {{"RRPASS01_R", PassThroughInquiry(items)}};
     for (int i = 0; i < kPackets; ++i) {
-        script.Feed.Add(market.Trade(bench::StockOf(1000 + market.Below(1000))));
+        script.Feed.push_back(market.NextTrade(StockOf(1000 + market.Below(1000))).Bytes());
     }
     script.nBatch = 64;
     return script;
@@ -123,7 +111,7 @@ void Register(const std::string& what, bench::Script (*make)(unsigned size),
         const std::string name = what + "/" + std::to_string(size);
         benchmark::RegisterBenchmark(name.c_str(), [make, size](benchmark::State& state) {
             const bench::Script script = make(size);
-            bench::Session<bench::ModuleForm> session(script);
+            bench::Session<ModuleForm> session(script);
             session.Pass();
             for ([[maybe_unused]] auto _ : state) {
                 session.Pass();

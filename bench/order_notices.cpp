@@ -5,27 +5,19 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <random>
 #include <string>
 #include <vector>
 
-#include "framework/packets.h"
 #include "framework/tickmux.h"
 #include "host/tickhost.h"
-#include "layouts/Orders.h"
+#include "tests/support/orders.h"
 
 namespace {
 
 constexpr int kNotices = 1024;
-
-template <std::size_t N>
-void Fill(char (&field)[N], const std::string& text) {
-    FillBlank(field);
-    std::memcpy(field, text.data(), std::min(text.size(), N));
-}
 
 std::string Number(int number) {
     const std::string digits = std::to_string(number);
@@ -34,52 +26,22 @@ std::string Number(int number) {
 
 // A fill of one unit.
 std::string FillNotice(int number, int serial) {
-    OrderPacket notice;
-    FillBlank(notice);
-    Fill(notice.Time, std::to_string(100000 + serial % 60));
-    Fill(notice.RecordKind, "01");
-    notice.NoticeKind = '2';
-    notice.OrderAction = '1';
-    notice.OrderState = '1';
-    notice.ResultFlag = '0';
-    Fill(notice.OrderNo, Number(number));
-    Fill(notice.Quantity, "100");
-    Fill(notice.Price, std::to_string(1000 + serial % 50));
-    return OrderPacket::kType + std::string(reinterpret_cast<const char*>(&notice), sizeof(notice));
+    Notice fill = Filled(Number(number), 1, std::to_string(1000 + serial % 50));
+    return fill.Time(std::to_string(100000 + serial % 60)).Bytes();
 }
 
-std::string Rows(int rows) {
-    std::string text;
-    for (int i = 0; i < rows; ++i) {
-        OrderRow row;
-        FillBlank(row);
-        Fill(row.OrderQty, "     1000000000");
-        Fill(row.UnfilledQty, "     1000000000");
-        Fill(row.Status, "Open");
-        Fill(row.OrderNo, Number(i + 1));
-        text.append(reinterpret_cast<const char*>(&row), sizeof(row));
+std::string Inquiry(const std::string& map, int orders) {
+    Rows rows;
+    FilteredInquiry filtered;
+    for (int order = 1; order <= orders; ++order) {
+        rows.push_back(ExpectedRow(Number(order)).Ordered("1000000000").Open("1000000000"));
+        filtered.With(rows.back());
     }
-    return text;
-}
-
-std::string Head(int rows) {
-    char head[9];
-    std::snprintf(head, sizeof(head), "%4d 171", rows);
-    return head + std::string(16, ' ');
-}
-
-// The field before the rows that each map's Init text has; all keys and filters are blank.
-std::string Inquiry(const std::string& map, int rows) {
-    const std::size_t fields = map == "RSORDE22_R" ? 65 : 7;
-    std::string text = "O1" + std::string(fields, ' ');
-    if (map == "RSNOCH21_R") {
-        text[2 + 6] = '0';
-    }
-    return text + Head(rows) + Rows(rows);
+    return map == "RSORDE22_R" ? std::string(filtered) : OrdersInquiry(rows);
 }
 
 tickmux_handle Open(const std::string& map, int rows) {
-    tickhost_set_text("UserID", "");
+    tickhost_set_text("UserID", kUser);
     const tickmux_handle handle = RegistMap(nullptr, map.c_str());
     std::string inquiry = Inquiry(map, rows);
     return InitMap(handle, inquiry.data()) == 0 ? 0 : handle;

@@ -1,5 +1,5 @@
 // A workspace file, and its screens with some packets.
-#include "tools/workspace.h"
+#include "tests/support/workspace.h"
 #include "fuzz/memory_file.h"
 #include "fuzz/tool_screens.h"
 #include "tools/errors.h"
@@ -9,13 +9,7 @@ using namespace fuzz;
 namespace {
 
 void Open(const tools::WorkspaceLine& line) {
-    const tools::ScreenKind& kind = tools::FindScreenKind(line.Map);
-    tools::InitText init = kind.MakeInit(line.Key, {"20261120"});
-    for (const auto& [name, value] : line.Fields) {
-        init.Set(name, value);
-    }
-    kind.Complete(init);
-    ToolScreen screen(kind, init);
+    ToolScreen screen(tools::FindScreenKind(line.Map), InitOf(line));
     Desk::Get().Batch(SampleOf(line.Map).Packets);
     screen.Show();
 }

@@ -4,44 +4,28 @@
 
 #include <string>
 
-#include "bench/support/market.h"
-#include "layouts/Orders.h"
+#include "tests/support/market.h"
 
 namespace bench {
 
-inline std::string OrderNumber(unsigned order) {
+inline std::string OrderNumber(int64_t order) {
     return "0" + std::to_string(100'000 + order);
 }
 
-// The Init text of an order list with so many open orders.
-inline std::string OrderInquiry(unsigned orders) {
-    std::string text = "O1      0" + Head(orders, sizeof(OrderRow));
-    for (unsigned order = 0; order < orders; ++order) {
-        OrderRow row;
-        FillBlank(row);
-        PutLeft(row.OrderQty, "    90000000000");
-        PutLeft(row.UnfilledQty, "    90000000000");
-        PutLeft(row.Status, "Open");
-        PutLeft(row.OrderNo, OrderNumber(order));
-        text.append(reinterpret_cast<const char*>(&row), sizeof(row));
+// Open orders that so many fills do not complete.
+inline Rows OpenOrders(int64_t orders) {
+    Rows rows;
+    for (int64_t order = 0; order < orders; ++order) {
+        rows.push_back(ExpectedRow(OrderNumber(order)).Ordered("90000000000").Open("90000000000"));
     }
-    return text;
+    return rows;
 }
 
 // A fill of one of so many orders.
-inline OrderPacket Fill(Market& market, unsigned orders) {
-    OrderPacket notice;
-    FillBlank(notice);
-    PutLeft(notice.Time, std::to_string(100000 + market.Below(60)));
-    PutLeft(notice.RecordKind, "01");
-    notice.NoticeKind = '2';
-    notice.OrderAction = '1';
-    notice.OrderState = '1';
-    notice.ResultFlag = '0';
-    PutLeft(notice.OrderNo, OrderNumber(market.Below(orders)));
-    PutLeft(notice.Quantity, std::to_string(1 + market.Below(900)));
-    PutLeft(notice.Price, std::to_string(market.Price()));
-    return notice;
+inline std::string Fill(Market& market, int64_t orders) {
+    const std::string order = OrderNumber(market.Below(orders));
+    Notice fill = Filled(order, 0, std::to_string(market.Price()));
+    return fill.Time(market.Digits(100000, 100059)).Hundredths(market.Between(1, 900)).Bytes();
 }
 
 }  // namespace bench

@@ -7,22 +7,15 @@
 #include <string>
 #include <vector>
 
-#include "bench/plain/framework.h"
+#include "bench/support/plain_form.h"
 #include "bench/support/question.h"
-#include "framework/shapes.h"
-#include "framework/tickmux.h"
 #include "host/platform.h"
 #include "host/services.h"
-#include "host/tickhost.h"
+#include "tests/support/host_parts.h"
 
 namespace bench {
 
-struct Packets : std::vector<std::string> {
-    template <class Packet>
-    void Add(const Packet& packet) {
-        push_back(Packet::kType + std::string(reinterpret_cast<const char*>(&packet), sizeof(packet)));
-    }
-};
+using Buffers = std::vector<std::string>;
 
 struct Script {
     struct Screen {
@@ -30,67 +23,10 @@ struct Script {
         std::string Init;
     };
     std::vector<Screen> Screens;
-    Packets Before;               // once, with a batch end behind them
-    Packets Feed;                 // in each pass
+    Buffers Before;               // packets, once, with a batch end behind them
+    Buffers Feed;                 // packets in each pass
     std::size_t nBatch = 1;       // packets in a batch; 0: no batch ends
     std::shared_ptr<void> World;  // what the screens read when they open
-};
-
-using Buffers = std::vector<std::string>;
-
-class ModuleForm {
-public:
-    void Open(HWND window, const std::string& map, std::string init) {
-        const tickmux_handle handle = RegistMap(window, map.c_str());
-        m_Handles.push_back(handle);
-        if (handle == 0 || InitMap(handle, init.data()) == 0) {
-            Differ(map + " refuses its Init text");
-        }
-    }
-    void Close() {
-        for (const tickmux_handle handle : m_Handles) {
-            UnregistMap(handle);
-        }
-        m_Handles.clear();
-    }
-    void Put(std::string& packet) { PutRTMPacketToDecoder(packet.data(), static_cast<int>(packet.size())); }
-    void EndBatch() { EndRTMUnpackToDecoder(); }
-    static bool Take(void* queue, char** data, int* length) {
-        return tickhost_take_view_item(queue, data, length) != 0;
-    }
-    static void Free(char* data) { tickhost_free_view_data(data); }
-
-private:
-    std::vector<tickmux_handle> m_Handles;
-};
-
-class PlainForm {
-public:
-    void Open(HWND window, const std::string& map, const std::string& init) {
-        const plain::Module::Handle handle = m_Module.RegistMap(window, map.c_str());
-        m_Handles.push_back(handle);
-        if (handle == 0 || m_Module.InitMap(handle, init.c_str()) == 0) {
-            Differ(map + " refuses its Init text in the plain form");
-        }
-    }
-    void Close() {
-        for (const plain::Module::Handle handle : m_Handles) {
-            m_Module.UnregistMap(handle);
-        }
-        m_Handles.clear();
-    }
-    void Put(std::string& packet) {
-        m_Module.PutRTMPacketToDecoder(packet.data(), static_cast<int>(packet.size()));
-    }
-    void EndBatch() { m_Module.EndRTMUnpackToDecoder(); }
-    static bool Take(void* queue, char** data, int* length) {
-        return plain::TakeViewItem(queue, data, length);
-    }
-    static void Free(const char* data) { delete[] data; }
-
-private:
-    plain::Module m_Module;
-    std::vector<plain::Module::Handle> m_Handles;
 };
 
 // Windows fetch each item within its message and free it; what they got can be kept.
@@ -100,20 +36,22 @@ public:
     explicit Session(const Script& script) : m_Script(script) {
         for (const Script::Screen& screen : script.Screens) {
             m_Scattered.push_back(std::make_unique<char[]>(64 + m_Scattered.size() * 40 % 4000));
-            m_Views.push_back(
-                std::make_unique<View>(View{this, screen.Map == "RRPASS01_R" ? 0U : sizeof(RequestTag)}));
-            m_Windows.push_back(tickhost_create_window(&Procedure, m_Views.back().get()));
-            m_Form.Open(m_Windows.back(), screen.Map, screen.Init);
+            m_Views.push_back(std::make_unique<View>(*this, screen.Map));
+            View& view = *m_Views.back();
+            view.Map = m_Form.Regist(view.Window, screen.Map.c_str());
+            if (view.Map == 0 || m_Form.Init(view.Map, screen.Init) == 0) {
+                Differ(screen.Map + " refuses its Init text");
+            }
         }
-        for (std::string& packet : m_Script.Before) {
+        for (const std::string& packet : m_Script.Before) {
             m_Form.Put(packet);
         }
         m_Form.EndBatch();
     }
     ~Session() {
-        m_Form.Close();
-        for (HWND window : m_Windows) {
-            tickhost_destroy_window(window);
+        for (const auto& view : m_Views) {
+            m_Form.Unregist(view->Map);
+            tickhost_destroy_window(view->Window);
         }
     }
     Session(const Session&) = delete;
@@ -121,7 +59,7 @@ public:
 
     void Pass() {
         std::size_t left = m_Script.nBatch;
-        for (std::string& packet : m_Script.Feed) {
+        for (const std::string& packet : m_Script.Feed) {
             m_Form.Put(packet);
             if (left > 0 && --left == 0) {
                 m_Form.EndBatch();
@@ -142,29 +80,27 @@ public:
 
 private:
     struct View {
-        Session* Owner;
-        std::size_t nTagBytes;  // none where packets pass through
-    };
+        View(Session& owner, const std::string& map) : Owner(owner), nTagBytes(TagBytesOf(map)) {}
 
-    static intptr_t Procedure(void* context, HWND /*window*/, uint32_t message, uintptr_t wParam,
-                              intptr_t /*lParam*/) {
-        const View& view = *static_cast<View*>(context);
-        Session& session = *view.Owner;
-        char* data = nullptr;
-        int length = 0;
-        if (message == WM_TICKMUX_VIEW && Form::Take(reinterpret_cast<void*>(wParam), &data, &length)) {
-            if (session.m_bKeeping) {
-                session.m_Sent.emplace_back(data, static_cast<std::size_t>(length) + view.nTagBytes);
+        void OnMessage(uint32_t message, uintptr_t wParam, intptr_t /*lParam*/) const {
+            if (message == WM_TICKMUX_VIEW) {
+                Fetch<Form>(wParam, nTagBytes, [this](std::string_view buffer) {
+                    if (Owner.m_bKeeping) {
+                        Owner.m_Sent.emplace_back(buffer);
+                    }
+                });
             }
-            Form::Free(data);
         }
-        return 0;
-    }
+
+        Session& Owner;
+        std::size_t nTagBytes;
+        HWND Window = WindowOf(*this);
+        uintptr_t Map = 0;
+    };
 
     Script m_Script;
     Form m_Form;
     std::vector<std::unique_ptr<View>> m_Views;
-    std::vector<HWND> m_Windows;
     std::vector<std::unique_ptr<char[]>> m_Scattered;  // lies between the decoders
     bool m_bKeeping = false;
     Buffers m_Sent;
@@ -174,8 +110,7 @@ private:
 // window, which fetches and frees it.
 class Sending {
 public:
-    explicit Sending(Buffers buffers)
-        : m_Buffers(std::move(buffers)), m_Window(tickhost_create_window(&Procedure, nullptr)) {}
+    explicit Sending(Buffers buffers) : m_Buffers(std::move(buffers)), m_Window(WindowOf(*this)) {}
     ~Sending() { tickhost_destroy_window(m_Window); }
     Sending(const Sending&) = delete;
     Sending& operator=(const Sending&) = delete;
@@ -193,17 +128,11 @@ public:
         }
     }
 
-private:
-    static intptr_t Procedure(void* /*context*/, HWND /*window*/, uint32_t /*message*/, uintptr_t wParam,
-                              intptr_t /*lParam*/) {
-        char* data = nullptr;
-        int length = 0;
-        if (tickhost_take_view_item(reinterpret_cast<void*>(wParam), &data, &length) != 0) {
-            tickhost_free_view_data(data);
-        }
-        return 0;
+    void OnMessage(uint32_t /*message*/, uintptr_t wParam, intptr_t /*lParam*/) const {
+        Fetch(wParam, 0, [](std::string_view) {});
     }
 
+private:
     Buffers m_Buffers;
     HWND m_Window;
     CRtmPtrList m_Queue;

@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "bench/support/session.h"
-#include "tools/screens/screen.h"
-#include "tools/workspace.h"
+#include "tests/support/workspace.h"
 
 namespace bench {
 
@@ -21,14 +20,8 @@ inline std::vector<Script::Screen> ScreensOf(const std::string& workspace) {
     tickhost_set_master(0, 0, nullptr, nullptr, nullptr);
     tickhost_set_master(3, 0, nullptr, nullptr, nullptr);
     std::vector<Script::Screen> screens;
-    for (const tools::WorkspaceLine& line : tools::ReadWorkspace(workspace)) {
-        const tools::ScreenKind& kind = tools::FindScreenKind(line.Map);
-        tools::InitText init = kind.MakeInit(line.Key, {"20261120"});
-        for (const auto& [name, value] : line.Fields) {
-            init.Set(name, value);
-        }
-        kind.Complete(init);
-        screens.push_back({line.Map, std::string(init.Bytes())});
+    for (const ScreenToOpen& screen : ::ScreensOf(workspace)) {
+        screens.push_back({screen.Map, screen.Init});
     }
     return screens;
 }

@@ -8,8 +8,8 @@
 
 #include "layouts/RSETFNAV.h"
 #include "layouts/RSTICK11.h"
-#include "tests/support/fields.h"
 #include "tests/support/packets.h"
+#include "tests/support/text.h"
 #include "tools/fields.h"
 
 using Rows = std::vector<std::string>;
@@ -64,6 +64,24 @@ inline std::string IndexBoardInquiry(const Rows& codes, const std::string& size 
 
 inline std::string BookInquiry(const std::string& key, const std::string& block = Block("0", "108")) {
     return "O1" + Left(key, 11) + "unread.." + block;
+}
+
+// The rows of an interest board are its stocks' codes.
+inline std::string InterestInquiry(const Rows& codes, const std::string& base = "1000") {
+    Rows rows;
+    for (const std::string& code : codes) {
+        rows.push_back("1" + Left(code, 10) + std::string(118, '.') + Right(base, 15) + std::string(34, '.'));
+    }
+    return "I1 07" + BlockOf(rows, "178");
+}
+
+// Numbered fields from one number to another, blank: the two numbers, and how wide the fields are together.
+inline std::string PanelInquiry(const std::string& key, const std::string& range, int width) {
+    return "P1" + Left(key, 11) + range + std::string(static_cast<std::size_t>(width), ' ');
+}
+
+inline std::string PriceTableInquiry(const std::string& key, const Rows& rows = {}) {
+    return "V1" + Left(key, 19) + BlockOf(rows, "62");
 }
 
 // Of our user. Behind the user field stands the first digit of the order numbers that open orders take.

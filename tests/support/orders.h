@@ -6,7 +6,6 @@
 
 #include "layouts/Orders.h"
 #include "layouts/RSORDE22.h"
-#include "tests/support/fields.h"
 #include "tests/support/inquiries.h"
 #include "tests/support/packets.h"
 

@@ -95,6 +95,9 @@ public:
         level.Side2Price = price2, level.Side2Qty = quantity2;
         return *this;
     }
+    Book& Totals(int32_t side1, int32_t side2) {
+        return m_Packet.Side1Total = side1, m_Packet.Side2Total = side2, *this;
+    }
     Book& Side1(int32_t price, int32_t quantity, int32_t total) {
         m_Packet.Levels[0].Side1Price = price, m_Packet.Levels[0].Side1Qty = quantity,
         m_Packet.Side1Total = total;
@@ -172,10 +175,11 @@ public:
     explicit CompactTrade(const std::string& key) {
         m_Packet.Key = ::Key(key);
         Fill(m_Packet.Time, "090000");
-        m_Packet.Price = 1000;
-        m_Packet.Sign = '2';
-        m_Packet.Change = 10;
-        Volume(1);
+        Price(1000).Change('2', 10).Volume(1);
+    }
+    CompactTrade& Price(int32_t price) { return m_Packet.Price = price, *this; }
+    CompactTrade& Change(char sign, int32_t change) {
+        return m_Packet.Sign = sign, m_Packet.Change = change, *this;
     }
     CompactTrade& Volume(int32_t volume) { return m_Packet.Volume = volume, *this; }
 };

@@ -18,21 +18,8 @@ namespace {
 
 // ------------------------------------------------------------------ Init texts
 
-std::string InterestBoard(const Rows& codes) {
-    Rows rows;
-    for (const std::string& code : codes) {
-        rows.push_back("1" + Left(code, 10) + std::string(118, '.') + Right("1000", 15) +
-                       std::string(34, '.'));
-    }
-    return "I1 07" + BlockOf(rows, "178");
-}
-
 std::string IndexChart(const std::string& code, char period) {
     return "X1" + Left(code, 10) + period + Head("..") + BlockOf({Left("20261119", 44)}, "44");
-}
-
-std::string Panel(const std::string& key, const std::string& range, int width) {
-    return "P1" + Left(key, 11) + range + std::string(static_cast<std::size_t>(width), ' ');
 }
 
 const std::string kOpenOrder = ExpectedRow("0000001");
@@ -52,7 +39,8 @@ std::vector<Sample> MakeSamples() {
         {"RINTIK01_R", "E", "X1COMP......." + Right("7000.00", 15) + "........",
          "X1MAIN......." + Right("", 15) + "........"},
         {"RINTIK11_R", "E", IndexChart("COMP", 'H'), IndexChart("MAIN", 'A')},
-        {"RITRDE01_R", "E", Panel("COMP", "0017", WidthOf(kIndexPanel)), Panel("MAIN", "0003", 43)},
+        {"RITRDE01_R", "E", PanelInquiry("COMP", "0017", WidthOf(kIndexPanel)),
+         PanelInquiry("MAIN", "0003", 43)},
         {"RITRDE02_R", "E", IndexBoardInquiry({"COMP", "MAIN"}), IndexBoardInquiry({"MAIN", "XXXX", "COMP"})},
         {"RRNEWS01_R", "T", "N1" + std::string(20, '.') + "0.", "N1" + std::string(20, '.') + "2."},
         {"RRPASS01_R", "ABCDEFMN@T0",
@@ -65,16 +53,16 @@ std::vector<Sample> MakeSamples() {
          "F1" + Left("1BBCA", 11) + Right("0", 12) + BlockOf({}, "79")},
         {"RSETFNAV_R", "N", NavInquiry("1ASII"), NavInquiry("1BBCA").Base("900")},
         {"RSFLDN01_R", "AR", "M1unread..", "M2unread.."},
-        {"RSITST01_R", "AB", InterestBoard({"ASII", "BBCA"}), InterestBoard({"BBCA", "XXXX", "ASII"})},
+        {"RSITST01_R", "AB", InterestInquiry({"ASII", "BBCA"}), InterestInquiry({"BBCA", "XXXX", "ASII"})},
         {"RSNOCH21_R", "0", OrdersInquiry(), OrdersInquiry({kOpenOrder})},
         {"RSODER01_R", "AB", BookInquiry("1ASII"),
          BookInquiry("1BBCA", BlockOf({std::string(sizeof(BookRow), '1')}, "108"))},
         {"RSORDE21_R", "0", OrdersInquiry(), OrdersInquiry({kOpenOrder})},
         {"RSORDE22_R", "0", FilteredInquiry(), FilteredInquiry().Status('1').With(kOpenOrder)},
         {"RSTICK11_R", "A", TickInquiry("1ASII"), TickInquiry("1BBCA").Tag("T2")},
-        {"RSTRBK01_R", "A", "V1" + Left("1ASII", 19) + BlockOf({}, "62"),
-         "V1" + Left("1BBCA", 19) + BlockOf(kPriceRows, "62")},
-        {"RSTRDE01_R", "AB", Panel("1ASII", "000055", WidthOf(kStockPanel)), Panel("1BBCA", "003003", 14)},
+        {"RSTRBK01_R", "A", PriceTableInquiry("1ASII"), PriceTableInquiry("1BBCA", kPriceRows)},
+        {"RSTRDE01_R", "AB", PanelInquiry("1ASII", "000055", WidthOf(kStockPanel)),
+         PanelInquiry("1BBCA", "003003", 14)},
     };
 }
 
