@@ -14,9 +14,8 @@
 #include "layouts/RSTRDE01.h"
 #include "tests/plain/both_forms.h"
 #include "tests/support/inquiries.h"
-#include "tests/support/orders.h"
+#include "tests/support/market.h"
 #include "tests/support/scratch_folder.h"
-#include "tools/random.h"
 
 namespace {
 
@@ -24,10 +23,11 @@ constexpr const char* kMaps[] = {"RDUMMY01_R", "RINTIK01_R", "RINTIK11_R", "RITR
                                  "RRNEWS01_R", "RRPASS01_R", "RSBRSM01_R", "RSDONE01_R", "RSETFNAV_R",
                                  "RSFLDN01_R", "RSITST01_R", "RSODER01_R", "RSTICK11_R", "RSTRBK01_R",
                                  "RSTRDE01_R", "RSFLDN01_R"};
+constexpr std::size_t kKeyEnd = 12;  // of a packet
 
-class Figures {
+class Figures : private Market {
 public:
-    explicit Figures(uint64_t seed) : m_Dice(seed) {}
+    using Market::Market;
 
     Steps Session() {
         Steps steps;
@@ -36,14 +36,18 @@ public:
             steps.push_back({Step::Init, i, Inquiry(kMaps[i])});
         }
         for (int left = 1500; left > 0; --left) {
-            steps.push_back({Step::Packet, 0, Spoilt(Packet())});
-            if (m_Dice.Chance(30)) {
+            std::string packet = Packet();
+            for (std::size_t spoilt = Below(6); spoilt > 0; --spoilt) {
+                packet = Spoilt(packet, *this, kKeyEnd);
+            }
+            steps.push_back({Step::Packet, 0, packet});
+            if (Chance(30)) {
                 steps.push_back({Step::EndBatch, 0, ""});
             }
-            if (m_Dice.Chance(5)) {
+            if (Chance(5)) {
                 const std::size_t screen = Below(std::size(kMaps));
-                const Step::What what = m_Dice.Chance(30) ? Step::Stop : Step::Release;
-                steps.push_back({m_Dice.Chance(70) ? Step::Init : what, screen, Inquiry(kMaps[screen])});
+                const Step::What what = Chance(30) ? Step::Stop : Step::Release;
+                steps.push_back({Chance(70) ? Step::Init : what, screen, Inquiry(kMaps[screen])});
             }
         }
         return steps;
@@ -51,20 +55,20 @@ public:
 
 private:
     std::size_t Below(std::size_t limit) {
-        return static_cast<std::size_t>(m_Dice.Below(static_cast<int64_t>(limit)));
+        return static_cast<std::size_t>(Random::Below(static_cast<int64_t>(limit)));
     }
     template <class... Texts>
     std::string OneOf(const Texts&... texts) {
         const std::string all[] = {texts...};
-        return all[Below(sizeof...(texts))];
+        return Dice::OneOf(all);
     }
     std::string Stock() { return Left(OneOf("1ASII", "1ASII", "1BBBB", "2ASII", "4TEN CHARS!", ""), 11); }
     std::string Index() { return OneOf("COMP", "COMP", "MAIN", "0001", "    "); }
 
     // Mostly a fair number, else whatever may stand in one.
-    std::string Number(std::size_t width) {
+    std::string Digits(std::size_t width) {
         constexpr char kLetters[] = "0123456789 0123456789 -+.12345678x";
-        const bool fair = m_Dice.Chance(80);
+        const bool fair = Chance(80);
         std::string text;
         for (std::size_t left = fair ? std::min(width, Below(7)) : width; left > 0; --left) {
             text += kLetters[Below(fair ? 10 : sizeof(kLetters) - 1)];
@@ -72,7 +76,7 @@ private:
         return Right(text, width);
     }
     std::string Numbers(std::size_t width) {
-        return width <= 12 ? Number(width) : Number(12) + Numbers(width - 12);
+        return width <= 12 ? Digits(width) : Digits(12) + Numbers(width - 12);
     }
     std::string NumberRows(std::size_t rows, std::size_t size) {
         return Block(std::to_string(rows), std::to_string(size), Numbers(rows * size));
@@ -85,15 +89,15 @@ private:
     }
     std::string Range(std::span<const PanelField> table, int digits) {
         const auto last = static_cast<int>(table.size() - 1);
-        const int from = m_Dice.Chance(50) ? 0 : static_cast<int>(Below(table.size()));
-        const int to = m_Dice.Chance(50) ? last : static_cast<int>(Below(table.size()));
+        const int from = Chance(50) ? 0 : static_cast<int>(Below(table.size()));
+        const int to = Chance(50) ? last : static_cast<int>(Below(table.size()));
         char numbers[8];
         snprintf(numbers, sizeof(numbers), "%0*d%0*d", digits, from, digits, to);
         return numbers + Numbers(static_cast<std::size_t>(WidthOf(table, from, std::max(from, to + 1))));
     }
     std::string Board(const std::string& map) {
         Rows rows;
-        for (std::size_t left = m_Dice.Chance(95) ? 1 + Below(3) * 60 : 0; left > 0; --left) {
+        for (std::size_t left = Chance(95) ? 1 + Below(3) * 60 : 0; left > 0; --left) {
             rows.push_back(map == "RITRDE02_R"
                                ? Numbers(130) + Index()
                                : OneOf("1", "1", "2", "3", " ") + Stock().substr(1) + Numbers(167));
@@ -104,21 +108,21 @@ private:
     // One in thirty is cut short, or a byte too long.
     std::string Inquiry(const std::string& map) {
         const std::size_t items = 1 + Below(9);
-        const std::size_t one = m_Dice.Chance(70) ? 1 : 0;
+        const std::size_t one = Chance(70) ? 1 : 0;
         const std::string head = Numbers(sizeof(DisplayHead));
         const std::string board = map == "RITRDE02_R" || map == "RSITST01_R" ? Board(map) : "";
         const std::string range = map == "RITRDE01_R" ? Range(kIndexPanel, 2) : Range(kStockPanel, 3);
         const std::map<std::string, std::string> texts = {
             {"RDUMMY01_R", "D1" + Block(std::to_string(items), "", Items(items))},
-            {"RINTIK01_R", "I1" + Index() + Number(7) + Number(15) + Number(8)},
-            {"RINTIK11_R", "J1" + Index() + Number(6) + OneOf("A", "H", "I") + head + NumberRows(one, 44)},
+            {"RINTIK01_R", "I1" + Index() + Digits(7) + Digits(15) + Digits(8)},
+            {"RINTIK11_R", "J1" + Index() + Digits(6) + OneOf("A", "H", "I") + head + NumberRows(one, 44)},
             {"RITRDE01_R", "Q1" + Left(Index(), 11) + range},
             {"RITRDE02_R", "X1" + board},
             {"RRNEWS01_R", "N1" + Left("", 20) + OneOf("0", "0", "1", "2", "9", "5", " ") + " "},
             {"RRPASS01_R", Right(std::to_string(items), 4) + Items(items)},
             {"RSBRSM01_R", "B1" + Stock()},
-            {"RSDONE01_R", "F1" + Stock() + OneOf(Number(12), Left("", 12)) + NumberRows(one, 79)},
-            {"RSETFNAV_R", "E1" + Stock() + Number(17) + Number(22) + Number(22)},
+            {"RSDONE01_R", "F1" + Stock() + OneOf(Digits(12), Left("", 12)) + NumberRows(one, 79)},
+            {"RSETFNAV_R", "E1" + Stock() + Digits(17) + Digits(22) + Digits(22)},
             {"RSFLDN01_R", "M1unread.."},
             {"RSITST01_R", "S1  7" + board},
             {"RSODER01_R", "O1" + Left(Stock(), 19) + NumberRows(11, 108)},
@@ -126,16 +130,16 @@ private:
             {"RSTRBK01_R", "V1" + Left(Stock(), 19) + NumberRows(Below(3), 62)},
             {"RSTRDE01_R", "P1" + Stock() + range}};
         const std::string& text = texts.at(map);
-        return m_Dice.Chance(97) ? text : OneOf(text + "x", text.substr(0, Below(text.size())));
+        return Chance(97) ? text : OneOf(text + "x", text.substr(0, Below(text.size())));
     }
 
     std::string Packet() {
         const auto price = [this] {
-            const int64_t step = m_Dice.Chance(50) ? 2 : 50;  // many of them the same
-            return static_cast<int32_t>(m_Dice.Between(1000 - step, 1000 + step));
+            const int64_t step = Chance(50) ? 2 : 50;  // many of them the same
+            return static_cast<int32_t>(Between(1000 - step, 1000 + step));
         };
-        const auto sign = static_cast<char>('0' + m_Dice.Below(10));
-        const auto few = static_cast<int32_t>(m_Dice.Below(50));
+        const auto sign = static_cast<char>('0' + Below(10));
+        const auto few = Number(int64_t{50});
         Trade trade(Stock());
         trade.Price(price()).Volume(few - 5).Change(sign, few).Best(price(), price());
         trade.Day(price(), price(), price())
@@ -147,31 +151,12 @@ private:
         News news(OneOf("1x", "20", "21", "27", "9a", "3b"), OneOf("  Title", "", std::string(80, 'T')));
         news.Code(OneOf("", "ASII"));
         Nav nav(Stock());
-        nav.Kind(OneOf("0", "1", "2")).Value1(Number(22)).Value2(Number(22));
+        nav.Kind(OneOf("0", "1", "2")).Value1(Digits(22)).Value2(Digits(22));
         return OneOf(trade.Bytes(), trade.Bytes(), book.Bytes(), index.Bytes(), index.Bytes(), news.Bytes(),
                      nav.Bytes(), Brokers(Stock(), "091500").Bytes(), Accepted("1", 5).Bytes(),
                      CompactTrade(Stock()).Volume(few - 5).Bytes(), Coded<MarketPacket>(Index()).Bytes(),
                      Coded<SpecialPacket>(Stock()).Bytes());
     }
-
-    // Some figures and letters are others, but for the key.
-    std::string Spoilt(std::string packet) {
-        constexpr std::size_t kKeyEnd = 12;
-        for (std::size_t left = Below(6); left > 0; --left) {
-            const std::size_t place = kKeyEnd + Below(packet.size() - kKeyEnd);
-            const int32_t limits[] = {INT32_MAX, INT32_MIN, 0, -1, 100};
-            const int32_t figure =
-                m_Dice.Chance(20) ? limits[Below(5)] : static_cast<int32_t>(m_Dice.Below(2000));
-            if (m_Dice.Chance(60) && place + sizeof(figure) <= packet.size()) {
-                std::memcpy(&packet[place], &figure, sizeof(figure));
-            } else {
-                packet[place] = OneOf("1", "2", "3", "5", "9", "0", " ", "F")[0];
-            }
-        }
-        return packet;
-    }
-
-    tools::Random m_Dice;
 };
 
 // The user's files, and what the terminal knows.
