@@ -15,8 +15,8 @@ import re
 import subprocess
 import sys
 
-COMPARED = ["codecs", "tick_list", "order_book", "price_panel", "board_trade", "closed_candle",
-            "rejecting_monitors", "order_fill", "fan_out", "mixed_session"]
+COMPARED = ["codecs", "tick_list", "tick_batches", "order_book", "price_panel", "board_trade",
+            "closed_candle", "rejecting_monitors", "order_fill", "fan_out", "mixed_session"]
 DOCS = pathlib.Path("docs")
 BEGIN, END = "<!-- measured: begin -->", "<!-- measured: end -->"
 

@@ -46,7 +46,7 @@ int Ask(int argc, char** argv, const std::vector<Question>& questions) {
 }
 
 void Differ(const std::string& what) {
-    std::cerr << "the plain form and the module differ: " << what << "\n";
+    std::cerr << "the plain form and the module are not to be compared: " << what << "\n";
     std::exit(1);
 }
 

@@ -5,6 +5,8 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "bench/support/plain_form.h"
@@ -29,11 +31,15 @@ struct Script {
     std::shared_ptr<void> World;  // what the screens read when they open
 };
 
-// Windows fetch each item within its message and free it; what they got can be kept.
+// Windows fetch each item within its message and free it; what they got can be kept. The module is loaded
+// once: a second session that is open beside the first has all its packets decoded twice, and is refused.
 template <class Form>
 class Session {
 public:
     explicit Session(const Script& script) : m_Script(script) {
+        if (std::exchange(s_bOpen, true) && std::is_same_v<Form, ModuleForm>) {
+            Differ("two sessions of the one module would get each other's packets");
+        }
         for (const Script::Screen& screen : script.Screens) {
             m_Scattered.push_back(std::make_unique<char[]>(64 + m_Scattered.size() * 40 % 4000));
             m_Views.push_back(std::make_unique<View>(*this, screen.Map));
@@ -49,6 +55,7 @@ public:
         m_Form.EndBatch();
     }
     ~Session() {
+        s_bOpen = false;
         for (const auto& view : m_Views) {
             m_Form.Unregist(view->Map);
             tickhost_destroy_window(view->Window);
@@ -97,6 +104,8 @@ private:
         HWND Window = WindowOf(*this);
         uintptr_t Map = 0;
     };
+
+    inline static bool s_bOpen = false;
 
     Script m_Script;
     Form m_Form;
