@@ -78,10 +78,11 @@ TEST(Mutex, ExistsWhileAnyProcessHasAHandle) {
         CloseHandle(opened);
         HANDLE again = OpenMutexA(MUTEX_ALL_ACCESS, FALSE, name.c_str());
         EXPECT_NE(again, nullptr) << "the child has it";
+        EXPECT_TRUE(InSystem(tag));
         child.Kill();
         CloseHandle(again);
         EXPECT_EQ(OpenMutexA(MUTEX_ALL_ACCESS, FALSE, name.c_str()), nullptr);
-        EXPECT_FALSE(LeftInSystem(tag));
+        EXPECT_FALSE(InSystem(tag));
     }
     EXPECT_EQ(CreateMutexA(nullptr, FALSE, std::string(300, 'x').c_str()), nullptr);
     EXPECT_EQ(OpenMutexA(MUTEX_ALL_ACCESS, FALSE, nullptr), nullptr);
@@ -116,13 +117,13 @@ TEST(Mutex, GoesOnWhenItsHolderIsKilled) {
     // With nobody else there, what the dead left is nobody's.
     Child(take).Kill();
     EXPECT_EQ(OpenMutexA(MUTEX_ALL_ACCESS, FALSE, name.c_str()), nullptr);
-    EXPECT_FALSE(LeftInSystem(name));
+    EXPECT_FALSE(InSystem(name));
     Child(take).Kill();
     mutex = CreateMutexA(nullptr, TRUE, name.c_str());
     EXPECT_EQ(Tried(mutex), WAIT_TIMEOUT);
     ReleaseMutex(mutex);
     CloseHandle(mutex);
-    EXPECT_FALSE(LeftInSystem(name));
+    EXPECT_FALSE(InSystem(name));
 }
 
 TEST(Mutex, IsGivenUpByAThreadThatEndsAndKeptByAnOwnerWithoutHandle) {
@@ -140,7 +141,7 @@ TEST(Mutex, IsGivenUpByAThreadThatEndsAndKeptByAnOwnerWithoutHandle) {
     EXPECT_TRUE(ReleaseMutex(mutex));
     EXPECT_EQ(Tried(mutex), WAIT_OBJECT_0);
     CloseHandle(mutex);
-    EXPECT_FALSE(LeftInSystem(name));
+    EXPECT_FALSE(InSystem(name));
 }
 
 // Processes and threads that make, take, give back and close at each turn: the object comes and goes under
@@ -176,6 +177,6 @@ TEST(Mutex, ExcludesWhileItComesAndGoes) {
         waitpid(process, nullptr, 0);
     }
     EXPECT_EQ(*count, 4 * kTurns);
-    EXPECT_FALSE(LeftInSystem(name));
+    EXPECT_FALSE(InSystem(name));
     munmap(memory, sizeof(int));
 }

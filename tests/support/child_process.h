@@ -43,8 +43,9 @@ private:
     pid_t m_Process = 0;
 };
 
-// Whether a mutex of this name, or of one that has it in it, has left an object behind.
-inline bool LeftInSystem(const std::string& name) {
+// Whether the system has an object of a mutex with this name, letters and digits only, or one that has it in
+// it.
+inline bool InSystem(const std::string& name) {
     const std::filesystem::directory_iterator objects("/dev/shm");
     return std::any_of(begin(objects), end(objects), [&](const auto& entry) {
         return entry.path().string().find(name) != std::string::npos;
