@@ -31,8 +31,11 @@ bool Fails() {
            (number == t_State.FailAt || (number > t_State.FailAt && t_State.Mode == Failure::FromThenOn));
 }
 
-void* Take(std::size_t bytes) {
-    void* const block = Fails() ? nullptr : std::malloc(bytes == 0 ? 1 : bytes);
+constexpr std::align_val_t kUsual{alignof(std::max_align_t)};
+
+void* Take(std::size_t bytes, std::align_val_t alignment = kUsual) {
+    void* const block =
+        Fails() ? nullptr : memalign(static_cast<std::size_t>(alignment), bytes == 0 ? 1 : bytes);
     if (block != nullptr) {
         g_nBlocks.fetch_add(1, std::memory_order_relaxed);
         g_nBytes.fetch_add(static_cast<int64_t>(malloc_usable_size(block)), std::memory_order_relaxed);
@@ -40,8 +43,8 @@ void* Take(std::size_t bytes) {
     return block;
 }
 
-void* TakeOrThrow(std::size_t bytes) {
-    void* const block = Take(bytes);
+void* TakeOrThrow(std::size_t bytes, std::align_val_t alignment = kUsual) {
+    void* const block = Take(bytes, alignment);
     return block != nullptr ? block : throw std::bad_alloc();
 }
 
@@ -95,6 +98,18 @@ void* operator new(std::size_t bytes, const std::nothrow_t& /*tag*/) noexcept {
 void* operator new[](std::size_t bytes, const std::nothrow_t& /*tag*/) noexcept {
     return heap::Take(bytes);
 }
+void* operator new(std::size_t bytes, std::align_val_t alignment) {
+    return heap::TakeOrThrow(bytes, alignment);
+}
+void* operator new[](std::size_t bytes, std::align_val_t alignment) {
+    return heap::TakeOrThrow(bytes, alignment);
+}
+void* operator new(std::size_t bytes, std::align_val_t alignment, const std::nothrow_t& /*tag*/) noexcept {
+    return heap::Take(bytes, alignment);
+}
+void* operator new[](std::size_t bytes, std::align_val_t alignment, const std::nothrow_t& /*tag*/) noexcept {
+    return heap::Take(bytes, alignment);
+}
 void operator delete(void* block) noexcept {
     heap::Give(block);
 }
@@ -111,5 +126,23 @@ void operator delete(void* block, const std::nothrow_t& /*tag*/) noexcept {
     heap::Give(block);
 }
 void operator delete[](void* block, const std::nothrow_t& /*tag*/) noexcept {
+    heap::Give(block);
+}
+void operator delete(void* block, std::align_val_t /*alignment*/) noexcept {
+    heap::Give(block);
+}
+void operator delete[](void* block, std::align_val_t /*alignment*/) noexcept {
+    heap::Give(block);
+}
+void operator delete(void* block, std::size_t /*bytes*/, std::align_val_t /*alignment*/) noexcept {
+    heap::Give(block);
+}
+void operator delete[](void* block, std::size_t /*bytes*/, std::align_val_t /*alignment*/) noexcept {
+    heap::Give(block);
+}
+void operator delete(void* block, std::align_val_t /*alignment*/, const std::nothrow_t& /*tag*/) noexcept {
+    heap::Give(block);
+}
+void operator delete[](void* block, std::align_val_t /*alignment*/, const std::nothrow_t& /*tag*/) noexcept {
     heap::Give(block);
 }

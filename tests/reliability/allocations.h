@@ -1,5 +1,5 @@
 // The heap of this program and its libraries: how much is in use, and allocations that fail. Every form of
-// operator new is replaced here, so that plain and nothrow ones count alike.
+// operator new is replaced here, so that plain, nothrow and aligned ones count alike.
 #ifndef TICKMUX_TESTS_RELIABILITY_ALLOCATIONS_H
 #define TICKMUX_TESTS_RELIABILITY_ALLOCATIONS_H
 

@@ -120,6 +120,21 @@ TEST_F(Threads, EveryItemIsFetchedOnceAndInOrderWhileScreensComeAndGo) {
     EXPECT_TRUE(m_Host.Open.empty());
 }
 
+// Where no packets run, the module's own holds are enough. The screens ask nobody for anything.
+TEST_F(Threads, TwoMayOpenAndCloseScreensAtOnce) {
+    const auto work = [&] {
+        for (int turn = 0; turn < 1000; ++turn) {
+            BareScreen screen(m_Host, SampleOf("RSNOCH21_R"));
+            screen.Regist();
+            EXPECT_EQ(screen.InitFirst(), 1);
+            screen.Unregist();
+        }
+    };
+    std::thread other(work);
+    work();
+    other.join();
+}
+
 // Only run by name, under the thread sanitizer, which has to report it.
 TEST_F(Threads, DISABLED_WithoutTheGuardTheyRace) {
     BareScreen screen(m_Host, SampleOf("RSTICK11_R"));
