@@ -44,7 +44,7 @@ needs() {
 }
 
 # What every build needs.
-build_packages=(g++ cmake ninja-build ccache libgtest-dev libbenchmark-dev libpcap-dev)
+build_packages=(g++ cmake ninja-build ccache libgtest-dev libbenchmark-dev libcli11-dev libpcap-dev)
 
 # What the fuzz targets need beyond that.
 fuzz_packages=(clang-14 libclang-rt-14-dev)

@@ -1,6 +1,7 @@
 #include "tools/capture.h"
 
 #include <pcap/pcap.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -16,13 +17,11 @@ constexpr int kLinkType = DLT_USER0;
 constexpr int kSnapLength = 65535;
 constexpr int64_t kLastSecond = 9'000'000'000;  // in nanoseconds still a 64-bit number
 
-std::FILE* OpenFile(const std::string& path, const char* mode, std::FILE* standard, const char* remedy) {
-    if (path == "-") {
-        return standard;
-    }
-    std::FILE* file = std::fopen(path.c_str(), mode);
+std::FILE* OpenToRead(const std::string& path) {
+    std::FILE* file = path == "-" ? stdin : std::fopen(path.c_str(), "rb");
     if (file == nullptr) {
-        throw BadInput(path + ": " + std::strerror(errno) + "; " + remedy);
+        throw BadInput(path + ": " + std::strerror(errno) +
+                       "; check the path, or make a capture with feedgen");
     }
     return file;
 }
@@ -45,7 +44,7 @@ void PcapCloser::operator()(pcap_dumper* dump) const {
 // ------------------------------------------------------------------ reading
 
 CaptureReader::CaptureReader(const std::string& path) : m_Name(path == "-" ? "standard input" : path) {
-    std::FILE* const file = OpenFile(path, "rb", stdin, "check the path, or make a capture with feedgen");
+    std::FILE* const file = OpenToRead(path);
     char error[PCAP_ERRBUF_SIZE] = "";
     m_Capture.reset(pcap_fopen_offline_with_tstamp_precision(file, PCAP_TSTAMP_PRECISION_NANO, error));
     if (m_Capture == nullptr) {
@@ -91,15 +90,17 @@ bool CaptureReader::Next(CaptureRecord& record) {
 
 // ------------------------------------------------------------------ writing
 
-CaptureWriter::CaptureWriter(const std::string& path) : m_Name(path == "-" ? "standard output" : path) {
-    m_Capture.reset(pcap_open_dead_with_tstamp_precision(kLinkType, kSnapLength, PCAP_TSTAMP_PRECISION_NANO));
-    if (m_Capture == nullptr) {
-        throw Failure("out of memory");
+CaptureWriter::CaptureWriter(const std::string& path) : m_File(path) {
+    std::FILE* const file = m_File.OpenStream();
+    if (isatty(fileno(file)) != 0) {
+        std::fclose(file);
+        throw BadInput("a capture is not for a terminal; name a file with --output, or use a pipe");
     }
-    std::FILE* const file = OpenFile(path, "wb", stdout, "choose another --output");
-    m_Dump.reset(pcap_dump_fopen(m_Capture.get(), file));
+    m_Capture.reset(pcap_open_dead_with_tstamp_precision(kLinkType, kSnapLength, PCAP_TSTAMP_PRECISION_NANO));
+    m_Dump.reset(m_Capture == nullptr ? nullptr : pcap_dump_fopen(m_Capture.get(), file));
     if (m_Dump == nullptr) {
-        throw Failure(m_Name + ": " + pcap_geterr(m_Capture.get()) + "; choose another --output");
+        std::fclose(file);
+        throw Failure(m_File.Name() + ": out of memory");
     }
 }
 
@@ -127,11 +128,12 @@ void CaptureWriter::Record(Timestamp time, const void* bytes, std::size_t length
 void CaptureWriter::Close() {
     CheckWritten(pcap_dump_flush(m_Dump.get()) == 0);
     m_Dump.reset();
+    m_File.Commit();
 }
 
 void CaptureWriter::CheckWritten(bool written) const {
     if (!written || std::ferror(pcap_dump_file(m_Dump.get())) != 0) {
-        throw Failure(m_Name + ": " + std::strerror(errno) +
+        throw Failure(m_File.Name() + ": " + std::strerror(errno) +
                       " while writing; make room or choose another --output");
     }
 }

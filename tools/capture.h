@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 
+#include "tools/output_file.h"
 #include "tools/times.h"
 
 struct pcap;
@@ -48,9 +49,10 @@ private:
     uint64_t m_nRecords = 0;
 };
 
-// Writes a file, or standard output for "-".
+// Writes a file, which takes its place when it is closed, or standard output for "-".
 class CaptureWriter {
 public:
+    // BadInput for a terminal too: what is in a capture would upset it.
     explicit CaptureWriter(const std::string& path);
 
     // A packet, type byte first. Longer ones than a capture can hold are the caller's fault.
@@ -60,14 +62,16 @@ public:
     uint64_t Packets() const { return m_nPackets; }
     uint64_t Batches() const { return m_nBatches; }
 
-    // To be called at the end: what is still buffered may fail to reach the disk.
+    // To be called at the end. Without it the former file stays.
     void Close();
+
+    const OutputFile& File() const { return m_File; }
 
 private:
     void Record(Timestamp time, const void* bytes, std::size_t length);
     void CheckWritten(bool written) const;
 
-    std::string m_Name;
+    OutputFile m_File;
     std::unique_ptr<pcap, PcapCloser> m_Capture;
     std::unique_ptr<pcap_dumper, PcapCloser> m_Dump;
     uint64_t m_nPackets = 0;

@@ -1,28 +1,46 @@
-// Reading of command lines: what getopt_long leaves to be done.
+// Command lines: what the tools ask of values beyond the library that reads them, and their words for a wrong
+// call.
 #ifndef TICKMUX_TOOLS_OPTIONS_H
 #define TICKMUX_TOOLS_OPTIONS_H
 
-#include <getopt.h>
-
+#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <functional>
 #include <string>
 
 namespace tools {
 
-// Calls `take` with the short name and the value of each option, in order. BadInput for an option that is not
-// in `options`, or lacks its value. Gives the index of the first argument that is no option.
-int ReadOptions(int argc, char** argv, const option* options,
-                const std::function<void(int, const std::string&)>& take);
+// Sets a program's help up: what stands behind the options on its command line, and the words at both ends.
+void SetUpOptions(CLI::App& app, const std::string& usage, const std::string& purpose,
+                  const std::string& notes);
 
-// BadInput, naming the option, unless `text` is a whole number of the range.
-int64_t NumberOption(const char* name, const std::string& text, int64_t lowest, int64_t highest);
+// An option with a value, of which the last one counts. `value` stands for it in the help.
+void AddOption(CLI::App& app, const std::string& name, const std::string& value, const std::string& help,
+               const std::function<void(const std::string&)>& take);
 
-// The same for a number that may have decimals.
-double DecimalOption(const char* name, const std::string& text, double lowest, double highest);
+// Takes a whole number of the range.
+template <class Number>
+void AddNumber(CLI::App& app, const std::string& name, const std::string& help, Number& number,
+               int64_t lowest, int64_t highest);
 
-// BadInput, naming the option, unless `text` is the path of a folder.
-std::string FolderOption(const char* name, const std::string& text);
+// Takes the path of a folder.
+void AddFolder(CLI::App& app, const std::string& name, const std::string& help, std::string& folder);
+
+// Sets what the options are bound to. False if the help was asked for; then it is printed. BadInput for a
+// wrong call.
+bool ReadOptions(CLI::App& app, int argc, char** argv);
+
+// BadInput, naming the option, unless `text` is a number of the range.
+int64_t NumberOption(const std::string& name, const std::string& text, int64_t lowest, int64_t highest);
+double DecimalOption(const std::string& name, const std::string& text, double lowest, double highest);
+
+template <class Number>
+void AddNumber(CLI::App& app, const std::string& name, const std::string& help, Number& number,
+               int64_t lowest, int64_t highest) {
+    AddOption(app, name, "N", help, [&number, name, lowest, highest](const std::string& text) {
+        number = static_cast<Number>(NumberOption(name, text, lowest, highest));
+    });
+}
 
 }  // namespace tools
 

@@ -29,8 +29,7 @@ uint64_t TakeArrivals(Terminal& terminal, Timestamp localTime, const ReplayOptio
             throw Failure(screen.Title + ": the module sent " + failure.what());
         }
         if (options.Follow) {
-            const std::string text = screen.View->Show(arrival.Buffer());
-            std::printf("%s %s\n%s", ClockText(localTime).c_str(), screen.Title.c_str(), text.c_str());
+            Print(ClockText(localTime) + " " + screen.Title + "\n" + screen.View->Show(arrival.Buffer()));
         }
         for (const std::string& fault : screen.View->TakeFaults()) {
             const std::string warning = ClockText(localTime) + " " + screen.Title + ": " + fault;
@@ -42,7 +41,7 @@ uint64_t TakeArrivals(Terminal& terminal, Timestamp localTime, const ReplayOptio
         }
     }
     if (options.Follow && options.Speed) {
-        std::fflush(stdout);
+        FlushOutput();
     }
     terminal.Arrivals().clear();
     return warnings;

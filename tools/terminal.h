@@ -54,9 +54,12 @@ struct FunctionRequest {
     std::string Text;
 };
 
+// Of the service that tells the module who is logged in.
+inline constexpr std::size_t kUserIdWidth = 19;
+
 struct TerminalOptions {
     std::string ModulePath;
-    std::string User;
+    std::string User;     // up to kUserIdWidth
     std::string DriveC;   // the folder that stands for drive C; empty: the host's own choice
     std::string UserDir;  // where the module looks for the user's settings
     std::string DataDir;  // and for those of all users

@@ -73,7 +73,7 @@ TEST_F(BadInputTest, CommandLines) {
                  {output + "--date 20260230",
                   "--date \"20260230\" is no day; give YYYYMMDD from 19710101 to 20991231"},
                  {output + "--minutes 421", "--minutes \"421\" is no number from 1 to 420"},
-                 {"--output /nowhere/x", "/nowhere/x: No such file or directory; choose another --output"},
+                 {"--output /nowhere/x", "/nowhere/x: folder /nowhere: No such file or directory; choose another --output"},
                  {"--output /dev/full",
                   "/dev/full: No space left on device while writing; make room or choose another "
                   "--output",

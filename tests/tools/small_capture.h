@@ -38,7 +38,10 @@ protected:
 
     // The images.
     std::string Replay(const std::string& options, const std::string& workspace) {
-        m_Writer.reset();
+        if (m_Writer) {
+            m_Writer->Close();
+            m_Writer.reset();
+        }
         const Outcome outcome = RunTool(
             "tickreplay", options + " " + m_Folder.Write("w", workspace) + " " + m_Folder.Path("p.pcap"));
         EXPECT_EQ(outcome.Status, 0);
