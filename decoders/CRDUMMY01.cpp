@@ -1,5 +1,6 @@
 #include "decoders/CRDUMMY01.h"
 
+#include "decoders/ItemClasses.h"
 #include "framework/codecs.h"
 #include "framework/init_reader.h"
 
@@ -19,30 +20,24 @@ constexpr ItemClass kItemClasses[] = {
 
 }  // namespace
 
-CRDUMMY01::CRDUMMY01(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<>), m_List(kItemClasses) {}
+CRDUMMY01::CRDUMMY01(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<>) {}
 
-CRDUMMY01::~CRDUMMY01() {
-    m_List.GiveUp();
-}
-
-int CRDUMMY01::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int CRDUMMY01::OnInit(InitReader& in) {
     HolderInit init;
     if (!in.Read(init)) {
         return 0;
     }
     constexpr auto kItemSize = static_cast<int>(sizeof(SubscriptionItem));
     const int items = ToLong(init.Repeat.Count);
-    SubscriptionList::Items former;
-    if (items < 1 || in.Remain() != items * kItemSize || !m_List.Take(in, items, former)) {
+    CodeRequests::List requests;
+    if (items < 1 || in.Remain() != items * kItemSize ||
+        !ListRequests(kItemClasses, in.RestAs<SubscriptionItem>(), requests)) {
         return 0;
     }
-    m_List.MoveFrom(former);
+    m_Requests.MoveTo(std::move(requests));
     return 1;
 }
 
-void CRDUMMY01::Release() {
-    CRTMPacketDecoder::Release();
-    m_List.GiveUp();
+void CRDUMMY01::OnRelease() {
+    m_Requests.GiveUpAll();
 }

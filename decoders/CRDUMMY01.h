@@ -4,7 +4,7 @@
 #ifndef TICKMUX_DECODERS_CRDUMMY01_H
 #define TICKMUX_DECODERS_CRDUMMY01_H
 
-#include "decoders/SubscriptionList.h"
+#include "framework/code_requests.h"
 #include "framework/packet_decoder.h"
 #include "layouts/RDUMMY01.h"
 
@@ -13,14 +13,13 @@ public:
     static constexpr char kMapName[] = "RDUMMY01_R";
 
     explicit CRDUMMY01(HWND hWnd);
-    ~CRDUMMY01() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
-    SubscriptionList m_List;
+    int OnInit(InitReader& in) override;
+    void OnRelease() override;
+
+    CodeRequests m_Requests;
 };
 
 #endif

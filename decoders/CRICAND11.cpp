@@ -8,21 +8,18 @@ int CRICAND11::OnIndexPacket(const IndexPacket& index) {
         return 0;
     }
     const double value = index.Index / kIndexScale;
-    if (PeriodChar() == kTickList) {
+    if (Candle().AtPeriod().Char == kTickList) {
         return AddTick(index.Time, value, index.Volume, index.Value, index.TotalVolume);
     }
-    AddTrade(TimeOf(index.Time), value, index.Volume, index.TotalVolume);
-    if (PeriodChar() == kDays) {
-        // The day's own figures, not what was seen of them.
-        Live().Open = index.Open / kIndexScale;
-        Live().High = index.High / kIndexScale;
-        Live().Low = index.Low / kIndexScale;
+    Candle().AddTrade(TimeOf(index.Time), value, index.Volume, index.TotalVolume);
+    if (Candle().AtPeriod().Char == kDays) {
+        Candle().SetDay(index.Open / kIndexScale, index.High / kIndexScale, index.Low / kIndexScale);
     }
     return 1;
 }
 
 int CRICAND11::OnIndexBarPacket(const IndexBarPacket& bar) {
-    if (PeriodChar() == kTickList || PeriodChar() == kDays || !Follows(bar.Key)) {
+    if (!Candle().TakesBars() || !Follows(bar.Key)) {
         return 0;
     }
     const double value = bar.Index / kIndexScale;

@@ -7,13 +7,7 @@
 
 CRINTIK01::CRINTIK01(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRINTIK01::OnIndexPacket>) {}
 
-CRINTIK01::~CRINTIK01() {
-    m_Key.GiveUp();
-}
-
-int CRINTIK01::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int CRINTIK01::OnInit(InitReader& in) {
     m_Front.Tag = in.Tag();
     IndexTickInit init;
     if (!in.Read(init) || !in.AtEnd()) {
@@ -50,11 +44,10 @@ int CRINTIK01::OnIndexPacket(const IndexPacket& index) {
     return 1;
 }
 
-void CRINTIK01::EndUnpack() {
+void CRINTIK01::OnEndUnpack() {
     SendRows(m_Front, m_Ticks);
 }
 
-void CRINTIK01::Release() {
-    CRTMPacketDecoder::Release();
+void CRINTIK01::OnRelease() {
     m_Key.GiveUp();
 }

@@ -14,14 +14,13 @@ public:
     static constexpr char kMapName[] = "RINTIK01_R";
 
     explicit CRINTIK01(HWND hWnd);
-    ~CRINTIK01() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
-    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnEndUnpack() override;
+    void OnRelease() override;
+
     int OnIndexPacket(const IndexPacket& index);
 
     FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key{Filter()};

@@ -12,13 +12,7 @@ CRINTIK11::CRINTIK11(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRINTIK11::OnIn
     FillBlank(m_Date);
 }
 
-CRINTIK11::~CRINTIK11() {
-    m_Key.GiveUp();
-}
-
-int CRINTIK11::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int CRINTIK11::OnInit(InitReader& in) {
     m_Front.Tag = in.Tag();
     IndexChartInit init;
     IndexChartRow newest[1];
@@ -60,7 +54,6 @@ int CRINTIK11::OnIndexPacket(const IndexPacket& index) {
     return 0;
 }
 
-void CRINTIK11::Release() {
-    CRTMPacketDecoder::Release();
+void CRINTIK11::OnRelease() {
     m_Key.GiveUp();
 }

@@ -13,13 +13,12 @@ public:
     static constexpr char kMapName[] = "RINTIK11_R";
 
     explicit CRINTIK11(HWND hWnd);
-    ~CRINTIK11() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnRelease() override;
+
     int OnIndexPacket(const IndexPacket& index);
 
     FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key{Filter()};

@@ -33,14 +33,8 @@ void PutFigures(IndexBoardRow& row, const IndexPacket& index) {
 
 CRITRDE02::CRITRDE02(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRITRDE02::OnIndexPacket>) {}
 
-CRITRDE02::~CRITRDE02() {
-    m_Board.GiveUp();
-}
-
-int CRITRDE02::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
+int CRITRDE02::OnInit(InitReader& in) {
     m_Board.Close();
-    InitReader in(buffer);
     m_Front.Tag = in.Tag();
     RepeatHead head;
     if (!in.Read(head)) {
@@ -51,11 +45,14 @@ int CRITRDE02::Init(const char* buffer) {
     if (rows < 1 || ToLong(head.Size) != kRowSize || in.Remain() != rows * kRowSize) {
         return 0;
     }
-    RowBoard<Kind>::Rows former;
-    if (!m_Board.Take(in, rows, former)) {
+    CodeRequests::List requests;
+    if (!requests.Reserve(static_cast<std::size_t>(rows)) || !m_Board.Take(in.RestAs<IndexBoardRow>())) {
         return 0;
     }
-    m_Board.MoveFrom(former);
+    for (int place = 0; place < rows; ++place) {
+        requests.Add(kIndexClass, m_Board.At(place).Key.IndexCode, sizeof(IndexKey), kWantIndex);
+    }
+    m_Requests.MoveTo(std::move(requests));
     return 1;
 }
 
@@ -69,11 +66,11 @@ int CRITRDE02::OnIndexPacket(const IndexPacket& index) {
     return 1;
 }
 
-void CRITRDE02::EndUnpack() {
+void CRITRDE02::OnEndUnpack() {
     SendRows(m_Front, m_Board);
 }
 
-void CRITRDE02::Release() {
-    CRTMPacketDecoder::Release();
-    m_Board.GiveUp();
+void CRITRDE02::OnRelease() {
+    m_Board.Close();
+    m_Requests.GiveUpAll();
 }

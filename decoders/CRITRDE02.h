@@ -4,9 +4,9 @@
 #ifndef TICKMUX_DECODERS_CRITRDE02_H
 #define TICKMUX_DECODERS_CRITRDE02_H
 
+#include "framework/code_requests.h"
 #include "framework/packet_decoder.h"
 #include "framework/row_board.h"
-#include "framework/subscription.h"
 #include "layouts/RITRDE02.h"
 
 class CRITRDE02 : public CRTMPacketDecoder {
@@ -14,24 +14,22 @@ public:
     static constexpr char kMapName[] = "RITRDE02_R";
 
     explicit CRITRDE02(HWND hWnd);
-    ~CRITRDE02() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
-    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnEndUnpack() override;
+    void OnRelease() override;
+
     struct Kind {
         using Row = IndexBoardRow;
         using Key = IndexKey;
-        using Request = Subscription<IndexKey, kIndexClass, kWantIndex>;
         static const IndexKey& KeyOf(const Row& row) { return row.Key; }
-        static const IndexKey& CodeOf(const Row& row) { return row.Key; }
     };
 
     int OnIndexPacket(const IndexPacket& index);
 
+    CodeRequests m_Requests;
     RowBoard<Kind> m_Board;
     PlainRows m_Front{};
 };

@@ -49,10 +49,8 @@ void PutTitle(NewsRow& row, std::string_view title) {
 
 CRRNEWS01::CRRNEWS01(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRRNEWS01::OnNewsPacket>) {}
 
-int CRRNEWS01::Init(const char* buffer) {
+int CRRNEWS01::OnInit(InitReader& in) {
     m_Headlines.Clear();
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
     m_Tag = in.Tag();
     NewsInit init;
     FillBlank(init);
@@ -94,25 +92,24 @@ int CRRNEWS01::OnNewsPacket(const NewsPacket& news) {
     return 1;
 }
 
-void CRRNEWS01::EndUnpack() {
-    if (m_bChanged == 0 || m_bStopped != 0) {
+void CRRNEWS01::OnEndUnpack() {
+    if (m_Headlines.Empty()) {
         return;
     }
-    ViewBuffer buffer;
-    if (!m_Headlines.Empty()) {
-        const Headline& headline = *m_Headlines.First();
-        buffer = RowsBuffer<NewsRow>(NewsFront{m_Tag, headline.NewsKind, {}}, 1);
-        if (!buffer) {
-            return;  // the next batch end tries again
-        }
-        buffer.As<NewsDisplay>().Row = headline.Row;
-        m_Headlines.DropFirst();
+    const Headline& headline = *m_Headlines.First();
+    ViewBuffer buffer = RowsBuffer<NewsRow>(NewsFront{m_Tag, headline.NewsKind, {}}, 1);
+    if (!buffer) {
+        KeepChange();
+        return;
     }
-    m_bChanged = m_Headlines.Empty() ? 0 : 1;
+    buffer.As<NewsDisplay>().Row = headline.Row;
+    m_Headlines.DropFirst();
+    if (!m_Headlines.Empty()) {
+        KeepChange();
+    }
     PostToView(std::move(buffer));
 }
 
-void CRRNEWS01::Release() {
-    CRTMPacketDecoder::Release();
+void CRRNEWS01::OnRelease() {
     m_Headlines.Clear();
 }

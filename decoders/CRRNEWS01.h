@@ -14,13 +14,13 @@ public:
     static constexpr char kMapName[] = "RRNEWS01_R";
 
     explicit CRRNEWS01(HWND hWnd);
-
-    int Init(const char* buffer) override;
-    void Release() override;
-    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnEndUnpack() override;
+    void OnRelease() override;
+
     struct Headline {
         char NewsKind;
         NewsRow Row;

@@ -44,41 +44,36 @@ CRRPASS01::CRRPASS01(HWND hWnd)
                                     &CRRPASS01::OnPacket<IndexPacket>, &CRRPASS01::OnPacket<IndexBarPacket>,
                                     &CRRPASS01::OnPacket<MarketPacket>, &CRRPASS01::OnPacket<NavPacket>,
                                     &CRRPASS01::OnPacket<SpecialPacket>, &CRRPASS01::OnPacket<NewsPacket>,
-                                    &CRRPASS01::OnPacket<OrderPacket>>),
-      m_List(kItemClasses) {}
+                                    &CRRPASS01::OnPacket<OrderPacket>>) {}
 
-CRRPASS01::~CRRPASS01() {
-    m_List.GiveUp();
-}
-
-int CRRPASS01::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in = InitReader::Untagged(buffer);
+int CRRPASS01::OnInit(InitReader& in) {
+    in.ReadTagAsBody();
     PassInit init;
     if (!in.Read(init)) {
         return 0;
     }
     constexpr auto kItemSize = static_cast<int>(sizeof(SubscriptionItem));
     const int items = ToLong(init.Count);
-    SubscriptionList::Items former;
-    if (items < 1 || in.Remain() != items * kItemSize || !m_Codes.Reset(static_cast<std::size_t>(items)) ||
-        !m_List.Take(in, items, former)) {
+    CodeRequests::List requests;
+    if (items < 1 || in.Remain() != items * kItemSize ||
+        !ListRequests(kItemClasses, in.RestAs<SubscriptionItem>(), requests) ||
+        !m_Codes.Reset(static_cast<std::size_t>(items))) {
         return 0;
     }
-    TakeItems();
-    m_List.MoveFrom(former);
+    TakeItems(in.RestAs<SubscriptionItem>());
+    m_Requests.MoveTo(std::move(requests));
     m_Pending.Clear();  // also what came from within the requests
     return 1;
 }
 
-void CRRPASS01::TakeItems() {
+void CRRPASS01::TakeItems(std::span<const SubscriptionItem> items) {
     std::fill(std::begin(m_Wanted), std::end(m_Wanted), false);
     std::memset(m_szUserId, 0, sizeof(m_szUserId));
-    for (const SubscriptionItem& item : m_List) {
+    for (const SubscriptionItem& item : items) {
         if (const ItemClass* itemClass = FindClass(kItemClasses, item.Class)) {
             m_Codes.Put(MakeCode(*itemClass, item.Key), 0);
         }
-        m_List.ForEachWanted(item, [this](const ItemClass& /*itemClass*/, const WantColumn& column) {
+        ForEachWanted(kItemClasses, item, [this](const ItemClass& /*itemClass*/, const WantColumn& column) {
             Wanted(column.Type) = true;
         });
     }
@@ -129,25 +124,21 @@ bool CRRPASS01::Passes(const OrderPacket& notice) const {
     return std::memcmp(notice.UserId, m_szUserId, sizeof(m_szUserId)) == 0;
 }
 
-void CRRPASS01::EndUnpack() {
-    if (m_bChanged == 0 || m_bStopped != 0) {
-        return;
-    }
+void CRRPASS01::OnEndUnpack() {
     // The window may call back: each packet is off the queue before its message goes out.
-    while (m_bStopped == 0 && !m_Pending.Empty()) {
+    while (!IsStopped() && !m_Pending.Empty()) {
         const char* packet = m_Pending.First();
         const std::size_t size = 1 + PayloadLength(*packet);
         ViewBuffer copy = ViewBuffer::OfPacket(packet, size);
         if (!copy) {
-            return;  // the next batch end goes on from here
+            KeepChange();  // the next batch end goes on from here
+            return;
         }
         m_Pending.DropFirst(size);
         PostToView(std::move(copy));
     }
-    m_bChanged = 0;
 }
 
-void CRRPASS01::Release() {
-    CRTMPacketDecoder::Release();
-    m_List.GiveUp();
+void CRRPASS01::OnRelease() {
+    m_Requests.GiveUpAll();
 }

@@ -5,7 +5,8 @@
 #ifndef TICKMUX_DECODERS_CRRPASS01_H
 #define TICKMUX_DECODERS_CRRPASS01_H
 
-#include "decoders/SubscriptionList.h"
+#include "decoders/ItemClasses.h"
+#include "framework/code_requests.h"
 #include "framework/key_index.h"
 #include "framework/packet_decoder.h"
 #include "framework/plain_queue.h"
@@ -16,14 +17,13 @@ public:
     static constexpr char kMapName[] = "RRPASS01_R";
 
     explicit CRRPASS01(HWND hWnd);
-    ~CRRPASS01() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
-    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnEndUnpack() override;
+    void OnRelease() override;
+
     // A listed code with its class: spaces behind what the class does not count.
     struct ListedCode {
         char Class;
@@ -40,10 +40,10 @@ private:
     bool Passes(const OrderPacket& notice) const;
 
     static ListedCode MakeCode(const ItemClass& itemClass, const char* code);
-    void TakeItems();
+    void TakeItems(std::span<const SubscriptionItem> items);
     bool& Wanted(char type) { return m_Wanted[type - kFirstPacketType]; }
 
-    SubscriptionList m_List;
+    CodeRequests m_Requests;
     KeyIndex<ListedCode> m_Codes;
     bool m_Wanted[kPacketTypes] = {};  // by type: some item has asked for it, and all get it
     char m_szUserId[19] = {};          // of the notices that pass

@@ -5,13 +5,7 @@
 
 CRSBRSM01::CRSBRSM01(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRSBRSM01::OnBrokerPacket>) {}
 
-CRSBRSM01::~CRSBRSM01() {
-    m_Key.GiveUp();
-}
-
-int CRSBRSM01::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int CRSBRSM01::OnInit(InitReader& in) {
     if (!AllocOutput<BrokerDisplay>()) {
         return 0;
     }
@@ -44,7 +38,6 @@ int CRSBRSM01::OnBrokerPacket(const BrokerPacket& brokers) {
     return 1;
 }
 
-void CRSBRSM01::Release() {
-    CRTMPacketDecoder::Release();
+void CRSBRSM01::OnRelease() {
     m_Key.GiveUp();
 }

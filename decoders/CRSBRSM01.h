@@ -13,13 +13,12 @@ public:
     static constexpr char kMapName[] = "RSBRSM01_R";
 
     explicit CRSBRSM01(HWND hWnd);
-    ~CRSBRSM01() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnRelease() override;
+
     int OnBrokerPacket(const BrokerPacket& brokers);
 
     FollowedCode<StockKey, kStockClass, kWantBrokers> m_Key{Filter()};

@@ -8,14 +8,8 @@
 
 CRSDONE01::CRSDONE01(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRSDONE01::OnTradePacket>) {}
 
-CRSDONE01::~CRSDONE01() {
-    m_Key.GiveUp();
-}
-
-int CRSDONE01::Init(const char* buffer) {
+int CRSDONE01::OnInit(InitReader& in) {
     m_nBasePrice = 0;
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
     m_Front.Tag = in.Tag();
     FillsInit init;
     FillRow newest[1];
@@ -64,11 +58,10 @@ int CRSDONE01::OnTradePacket(const TradePacket& trade) {
     return 1;
 }
 
-void CRSDONE01::EndUnpack() {
+void CRSDONE01::OnEndUnpack() {
     SendRows(m_Front, m_Ticks);
 }
 
-void CRSDONE01::Release() {
-    CRTMPacketDecoder::Release();
+void CRSDONE01::OnRelease() {
     m_Key.GiveUp();
 }

@@ -14,14 +14,13 @@ public:
     static constexpr char kMapName[] = "RSDONE01_R";
 
     explicit CRSDONE01(HWND hWnd);
-    ~CRSDONE01() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
-    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnEndUnpack() override;
+    void OnRelease() override;
+
     int OnTradePacket(const TradePacket& trade);
 
     FollowedCode<StockKey, kStockClass, kWantTrades> m_Key{Filter()};

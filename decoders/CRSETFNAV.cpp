@@ -5,13 +5,7 @@
 
 CRSETFNAV::CRSETFNAV(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRSETFNAV::OnNavPacket>) {}
 
-CRSETFNAV::~CRSETFNAV() {
-    m_Key.GiveUp();
-}
-
-int CRSETFNAV::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int CRSETFNAV::OnInit(InitReader& in) {
     NavInit init;
     if (!in.Read(init) || !AllocOutput<NavDisplay>()) {
         return 0;
@@ -52,7 +46,6 @@ void CRSETFNAV::PutValue(NavField& field, const char (&text)[N]) const {
     Put<2>(field.Value, value);
 }
 
-void CRSETFNAV::Release() {
-    CRTMPacketDecoder::Release();
+void CRSETFNAV::OnRelease() {
     m_Key.GiveUp();
 }

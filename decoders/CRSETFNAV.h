@@ -13,13 +13,12 @@ public:
     static constexpr char kMapName[] = "RSETFNAV_R";
 
     explicit CRSETFNAV(HWND hWnd);
-    ~CRSETFNAV() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnRelease() override;
+
     int OnNavPacket(const NavPacket& nav);
 
     template <std::size_t N>

@@ -59,21 +59,15 @@ CRSFLDN01::CRSFLDN01(HWND hWnd)
     m_InterestTable.ReadAllGroup(SettingsFile(UserFolder(), "\\Interest.ini").Path());
 }
 
-CRSFLDN01::~CRSFLDN01() {
-    Withdraw();
-}
-
-int CRSFLDN01::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int CRSFLDN01::OnInit(InitReader& in) {
     m_Front.Tag = in.Tag();
     MonitorInit init;
     if (!in.Read(init)) {
         return 0;
     }
     m_Rows.Clear();
-    const WatchSet former = std::exchange(m_WatchSet, {});
-    const unsigned generation = ++m_nGeneration;
+    const bool formerMarket = std::exchange(m_WatchSet, {}).IsWholeMarket();
+    const CodeRequests::List former = m_Requests.Replace({});
     // A set that does not come about is not kept: nothing of it has been asked for. The former stocks stay
     // asked for.
     WatchSet watched;
@@ -84,15 +78,19 @@ int CRSFLDN01::Init(const char* buffer) {
         (m_pBrokerMaster = CQelData21::GetMasterData(kBrokers, first, second)) == nullptr) {
         return 0;
     }
+    m_Requests.Replace(watched.GiveRequests());
     m_WatchSet = std::move(watched);
     m_Filters = TradeFilters::Load(m_Settings);
-    m_Feed.SendWatchRequest(m_WatchSet.Entries());
-    // The communication manager may call back and end this set, or bring another.
-    FeedEntries& entries = m_WatchSet.Entries();
-    while (m_nGeneration == generation && entries.nSubscribed < entries.Stocks.Size()) {
-        MonitorFeed::SubscribeNext(entries);
+    if (m_WatchSet.IsWholeMarket()) {
+        m_Feed.SwitchAllMarketOn();
+    } else {
+        m_Feed.SendWatchRequest(m_Requests.Current());
     }
-    m_Feed.Withdraw(former.Entries());
+    m_Requests.AskAll();
+    CodeRequests::GiveUp(former);
+    if (formerMarket) {
+        m_Feed.SwitchAllMarketOff();
+    }
     return 1;
 }
 
@@ -175,18 +173,15 @@ void CRSFLDN01::PutBrokerTag(char (&tag)[2], const char (&broker)[4]) const {
     }
 }
 
-void CRSFLDN01::EndUnpack() {
+void CRSFLDN01::OnEndUnpack() {
     SendRows(m_Front, m_Rows);
 }
 
-void CRSFLDN01::Release() {
-    CRTMPacketDecoder::Release();
-    Withdraw();
-}
-
 // The set is empty before the requests go out: whoever hears of them may call back and bring another.
-void CRSFLDN01::Withdraw() {
-    ++m_nGeneration;
-    const WatchSet former = std::exchange(m_WatchSet, {});
-    m_Feed.Withdraw(former.Entries());
+void CRSFLDN01::OnRelease() {
+    const bool formerMarket = std::exchange(m_WatchSet, {}).IsWholeMarket();
+    m_Requests.GiveUpAll();
+    if (formerMarket) {
+        m_Feed.SwitchAllMarketOff();
+    }
 }

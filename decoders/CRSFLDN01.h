@@ -20,33 +20,30 @@ public:
     static constexpr char kMapName[] = "RSFLDN01_R";
 
     explicit CRSFLDN01(HWND hWnd);
-    ~CRSFLDN01() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
-    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnEndUnpack() override;
+    void OnRelease() override;
+
     template <class Packet>
     int OnTrade(const Packet& trade);
     template <class Packet>
     int ShowTrade(const Packet& trade);
 
     bool BuildWatchSet(WatchSet& watched) const;
-    void Withdraw();
-
     void PutBrokerTag(char (&tag)[2], const char (&broker)[4]) const;
 
     MonitorFeed m_Feed;
     WatchSet m_WatchSet;
+    CodeRequests m_Requests;
     TradeFilters m_Filters;
     PlainRows m_Front{};
     WaitingRows<MonitorRow> m_Rows;
     const CodeTable* m_pBrokerMaster = nullptr;  // the service's
     SettingsFile m_Settings;
     CInterestTable m_InterestTable;
-    unsigned m_nGeneration = 0;  // of the watch set
 };
 
 #endif

@@ -58,27 +58,14 @@ struct AlarmSection {
 CRSITST01::CRSITST01(HWND hWnd)
     : CRTMPacketDecoder(hWnd, Takes<&CRSITST01::OnTradePacket, &CRSITST01::OnBookPacket>) {}
 
-CRSITST01::~CRSITST01() {
-    m_Board.GiveUp();
-}
-
 StockCode CRSITST01::Kind::KeyOf(const Row& row) {
     StockCode code;
     Put(code.Text, row.Code);
     return code;
 }
 
-StockKey CRSITST01::Kind::CodeOf(const Row& row) {
-    StockKey key;
-    key.Board = kBoard;
-    Put(key.Code, row.Code);
-    return key;
-}
-
-int CRSITST01::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
+int CRSITST01::OnInit(InitReader& in) {
     m_Board.Close();
-    InitReader in(buffer);
     m_Front.Tag = in.Tag();
     InterestInit init;
     if (!in.Read(init)) {
@@ -92,12 +79,19 @@ int CRSITST01::Init(const char* buffer) {
         return 0;
     }
     const SettingsFile file(CEnvMgr::GetBaseUserDir(CQelData21::GetBaseUserID()), "\\InterestAlarm.ini");
-    RowBoard<Kind>::Rows former;
-    if (!m_Board.Take(in, rows, former)) {
+    CodeRequests::List requests;
+    if (!requests.Reserve(static_cast<std::size_t>(rows)) || !m_Board.Take(in.RestAs<InterestRow>())) {
         return 0;
     }
     LoadAlarms(file, init.Group);
-    if (m_Board.MoveFrom(former)) {
+    StockKey key;
+    key.Board = kBoard;
+    for (int place = 0; place < rows; ++place) {
+        Put(key.Code, m_Board.At(place).Code);
+        requests.Add(kStockClass, reinterpret_cast<const char*>(&key), sizeof(key), kWantTrades | kWantBook);
+    }
+    // From within a request another board may come, or none: its alarms are its own.
+    if (m_Requests.MoveTo(std::move(requests))) {
         CheckAlarmsAtInit();
     }
     return 1;
@@ -178,11 +172,11 @@ int CRSITST01::OnBookPacket(const BookPacket& book) {
     return 1;
 }
 
-void CRSITST01::EndUnpack() {
+void CRSITST01::OnEndUnpack() {
     SendRows(m_Front, m_Board);
 }
 
-void CRSITST01::Release() {
-    CRTMPacketDecoder::Release();
-    m_Board.GiveUp();
+void CRSITST01::OnRelease() {
+    m_Board.Close();
+    m_Requests.GiveUpAll();
 }

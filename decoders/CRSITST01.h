@@ -9,9 +9,9 @@
 #include <optional>
 
 #include "decoders/InterestAlarm.h"
+#include "framework/code_requests.h"
 #include "framework/packet_decoder.h"
 #include "framework/row_board.h"
-#include "framework/subscription.h"
 #include "layouts/RSITST01.h"
 
 class CRSITST01 : public CRTMPacketDecoder {
@@ -19,20 +19,17 @@ public:
     static constexpr char kMapName[] = "RSITST01_R";
 
     explicit CRSITST01(HWND hWnd);
-    ~CRSITST01() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
-    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnEndUnpack() override;
+    void OnRelease() override;
+
     struct Kind {
         using Row = InterestRow;
         using Key = StockCode;
-        using Request = Subscription<StockKey, kStockClass, kWantTrades | kWantBook>;
         static StockCode KeyOf(const Row& row);
-        static StockKey CodeOf(const Row& row);
     };
 
     int OnTradePacket(const TradePacket& trade);
@@ -45,6 +42,7 @@ private:
     char CheckAlarm(int place, const TradePacket& trade) const;
     char AlarmChar() const { return m_bAlarmSound != 0 ? kAlarmSounds : kAlarmSilent; }
 
+    CodeRequests m_Requests;
     RowBoard<Kind> m_Board;
     PlainRows m_Front{};
     int32_t m_bAlarmSound = 0;  // the user wants to hear alarms

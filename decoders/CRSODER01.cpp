@@ -29,13 +29,7 @@ CRSODER01::CRSODER01(HWND hWnd)
       m_nCurPrice(kNone),
       m_nBasePrice(kNone) {}
 
-CRSODER01::~CRSODER01() {
-    m_Key.GiveUp();
-}
-
-int CRSODER01::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int CRSODER01::OnInit(InitReader& in) {
     if (!AllocOutput<BookDisplay>()) {
         return 0;
     }
@@ -108,10 +102,7 @@ int CRSODER01::OnTradePacket(const TradePacket& trade) {
     return 1;
 }
 
-void CRSODER01::EndUnpack() {
-    if (m_bChanged == 0 || m_bStopped != 0) {
-        return;
-    }
+void CRSODER01::OnEndUnpack() {
     auto& display = Output<BookDisplay>();
     for (std::size_t number = 0; number < kBookRows; ++number) {
         BookRow& row = display.Rows[number];
@@ -132,7 +123,7 @@ void CRSODER01::EndUnpack() {
     // The totals' quantities have a colour of their own.
     PutColor(display.Rows[kBookTotals].Side1.QtyTag, -1);
     PutColor(display.Rows[kBookTotals].Side2.QtyTag, 1);
-    CRTMPacketDecoder::EndUnpack();
+    PostOutput();
 }
 
 // Most of a book is as it was: what the image shows already is not printed again.
@@ -165,7 +156,6 @@ void CRSODER01::PutPriceTags(BookRowSide& shown, int32_t price) const {
     PutColor(shown.RateTag, direction);
 }
 
-void CRSODER01::Release() {
-    CRTMPacketDecoder::Release();
+void CRSODER01::OnRelease() {
     m_Key.GiveUp();
 }

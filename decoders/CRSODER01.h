@@ -17,14 +17,13 @@ public:
     static constexpr char kMapName[] = "RSODER01_R";
 
     explicit CRSODER01(HWND hWnd);
-    ~CRSODER01() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
-    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnEndUnpack() override;
+    void OnRelease() override;
+
     struct SideLevel {
         int32_t Diff;  // change of the quantity
         int32_t Qty;

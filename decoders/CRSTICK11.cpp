@@ -9,13 +9,7 @@ CRSTICK11::CRSTICK11(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRSTICK11::OnTr
     FillBlank(m_Front);
 }
 
-CRSTICK11::~CRSTICK11() {
-    m_Key.GiveUp();
-}
-
-int CRSTICK11::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int CRSTICK11::OnInit(InitReader& in) {
     m_Front.Tag = in.Tag();
     StockKey key;
     TickRow newest[1];
@@ -59,7 +53,7 @@ int CRSTICK11::OnTradePacket(const TradePacket& trade) {
 }
 
 // The head shows the latest trade: it is printed once for all rows of a batch.
-void CRSTICK11::EndUnpack() {
+void CRSTICK11::OnEndUnpack() {
     if (m_bHeadIsDue) {
         Put(m_Front.Head.Price, m_nPrice);
         Put(m_Front.Head.Quantity, m_nTotalVolume);
@@ -68,7 +62,6 @@ void CRSTICK11::EndUnpack() {
     SendRows(m_Front, m_Ticks);
 }
 
-void CRSTICK11::Release() {
-    CRTMPacketDecoder::Release();
+void CRSTICK11::OnRelease() {
     m_Key.GiveUp();
 }

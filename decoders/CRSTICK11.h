@@ -15,14 +15,13 @@ public:
     static constexpr char kMapName[] = "RSTICK11_R";
 
     explicit CRSTICK11(HWND hWnd);
-    ~CRSTICK11() override;
-
-    int Init(const char* buffer) override;
-    void Release() override;
-    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnEndUnpack() override;
+    void OnRelease() override;
+
     int OnTradePacket(const TradePacket& trade);
 
     FollowedCode<StockKey, kStockClass, kWantTrades> m_Key{Filter()};

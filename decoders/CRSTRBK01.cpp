@@ -17,14 +17,8 @@ constexpr auto kRowSize = static_cast<int>(sizeof(PriceRow));
 
 CRSTRBK01::CRSTRBK01(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRSTRBK01::OnTradePacket>) {}
 
-CRSTRBK01::~CRSTRBK01() {
-    m_Key.GiveUp();
-}
-
-int CRSTRBK01::Init(const char* buffer) {
+int CRSTRBK01::OnInit(InitReader& in) {
     ClearTable();
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
     m_Front.Tag = in.Tag();
     PriceTableInit init;
     if (!in.Read(init)) {
@@ -106,32 +100,27 @@ CRSTRBK01::Entry* CRSTRBK01::InsertPrice(const TradePacket& trade) {
     return trade.Key == m_Key.Get() ? m_ByPrice.Find(trade.Price) : nullptr;
 }
 
-void CRSTRBK01::EndUnpack() {
-    if (m_bChanged == 0 || m_bStopped != 0) {
+void CRSTRBK01::OnEndUnpack() {
+    if (m_List.Empty()) {
         return;
     }
-    ViewBuffer buffer;
-    if (!m_List.Empty()) {
-        buffer = RowsBuffer<PriceRow>(m_Front, m_List.Size());
-        if (!buffer) {
-            return;  // the next batch end tries again
-        }
-        PriceRow* const place = RowsBehind<PlainRows, PriceRow>(buffer);
-        for (std::size_t i = 0; i < m_List.Size(); ++i) {
-            place[i] = m_List[i]->Row;
-        }
+    ViewBuffer buffer = RowsBuffer<PriceRow>(m_Front, m_List.Size());
+    if (!buffer) {
+        KeepChange();
+        return;
     }
-    m_bChanged = 0;
+    PriceRow* const place = RowsBehind<PlainRows, PriceRow>(buffer);
+    for (std::size_t i = 0; i < m_List.Size(); ++i) {
+        place[i] = m_List[i]->Row;
+    }
     PostToView(std::move(buffer));
 }
 
-void CRSTRBK01::Stop() {
-    CRTMPacketDecoder::Stop();
+void CRSTRBK01::OnStop() {
     ClearTable();
 }
 
-void CRSTRBK01::Release() {
-    CRTMPacketDecoder::Release();
+void CRSTRBK01::OnRelease() {
     m_Key.GiveUp();
 }
 

@@ -16,15 +16,14 @@ public:
     static constexpr char kMapName[] = "RSTRBK01_R";
 
     explicit CRSTRBK01(HWND hWnd);
-    ~CRSTRBK01() override;
-
-    int Init(const char* buffer) override;
-    void Stop() override;
-    void Release() override;
-    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnEndUnpack() override;
+    void OnRelease() override;
+    void OnStop() override;
+
     struct Entry {
         int32_t Number;  // the price
         Entry* Previous;

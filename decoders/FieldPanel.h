@@ -15,12 +15,6 @@
 
 template <class Kind>
 class PanelDecoder : public CRTMPacketDecoder {
-public:
-    int Init(const char* buffer) override;
-    void Release() override;
-    void EndUnpack() override;
-    ~PanelDecoder() override { m_Key.GiveUp(); }
-
 protected:
     using Key = typename Kind::Key;
 
@@ -46,6 +40,10 @@ protected:
     }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnEndUnpack() override;
+    void OnRelease() override { m_Key.GiveUp(); }
+
     using Record = PanelRecord<Kind::kTable>;
 
     FollowedCode<Key, Kind::kClass, Kind::kFlags> m_Key{Filter()};
@@ -56,9 +54,7 @@ private:
 
 // A text that is refused leaves key, range and record as they were, and the tag of a change that still waits.
 template <class Kind>
-int PanelDecoder<Kind>::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int PanelDecoder<Kind>::OnInit(InitReader& in) {
     typename Kind::Init init;
     if (!in.Read(init)) {
         return 0;
@@ -77,11 +73,7 @@ int PanelDecoder<Kind>::Init(const char* buffer) {
 }
 
 template <class Kind>
-void PanelDecoder<Kind>::EndUnpack() {
-    if (m_bChanged == 0 || m_bStopped != 0) {
-        return;
-    }
-    m_bChanged = 0;
+void PanelDecoder<Kind>::OnEndUnpack() {
     const std::size_t size = Record::SizeOf(m_Range);
     ViewBuffer buffer = ViewBuffer::Blank(sizeof(m_Tag) + size);
     if (buffer) {
@@ -89,12 +81,6 @@ void PanelDecoder<Kind>::EndUnpack() {
         std::memcpy(buffer.Bytes() + sizeof(m_Tag), m_Fields.At(m_Range), size);
         PostToView(std::move(buffer));
     }
-}
-
-template <class Kind>
-void PanelDecoder<Kind>::Release() {
-    CRTMPacketDecoder::Release();
-    m_Key.GiveUp();
 }
 
 #endif

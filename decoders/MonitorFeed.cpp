@@ -1,6 +1,6 @@
 #include "decoders/MonitorFeed.h"
 
-#include <cstring>
+#include <algorithm>
 #include <memory>
 #include <new>
 #include <string_view>
@@ -11,14 +11,12 @@
 
 namespace {
 
-using TradeRequest = Subscription<StockKey, kStockClass, kWantTrades>;
-
 // One stock of the list request. Its flags stand the other way round than a subscription's: the most
 // significant byte first.
 struct ListedStock {
     char Class;
-    StockKey Key;
-    unsigned char Flags[4];
+    char Code[11];
+    char Flags[4];
 };
 static_assert(sizeof(ListedStock) == 16);
 
@@ -52,12 +50,8 @@ MonitorFeed::MonitorFeed(HWND hWnd) {
     SetUp(m_AllFunc, hWnd, loginText, "K11OI031");
 }
 
-void MonitorFeed::SendWatchRequest(const FeedEntries& entries) {
-    if (entries.AllMarket) {
-        SwitchAllMarketOn();
-        return;
-    }
-    const std::size_t count = entries.Stocks.Size();
+void MonitorFeed::SendWatchRequest(const CodeRequests::List& stocks) {
+    const std::size_t count = stocks.Size();
     const std::size_t length = sizeof(ListHead) + count * sizeof(ListedStock);
     const std::unique_ptr<char[]> text(count == 0 ? nullptr : new (std::nothrow) char[length + 1]);
     if (text == nullptr) {
@@ -66,7 +60,9 @@ void MonitorFeed::SendWatchRequest(const FeedEntries& entries) {
     Put(reinterpret_cast<ListHead*>(text.get())->Count, static_cast<int32_t>(count));
     auto* listed = reinterpret_cast<ListedStock*>(text.get() + sizeof(ListHead));
     for (std::size_t i = 0; i < count; ++i) {
-        listed[i] = {kStockClass, entries.Stocks[i], {kWantTrades >> 24, 0, 0, 0}};
+        listed[i].Class = kStockClass;
+        Put(listed[i].Code, stocks[i].Code);
+        std::copy_n("\x80\0\0", sizeof(listed[i].Flags), listed[i].Flags);
     }
     text[length] = '\0';
     m_chFeedMode = TradePacket::kType;
@@ -83,19 +79,5 @@ void MonitorFeed::SwitchAllMarketOn() {
 void MonitorFeed::SwitchAllMarketOff() {
     if (--s_nAllMarketUsers == 0) {
         Send(m_AllFunc, kAllMarketOff);
-    }
-}
-
-void MonitorFeed::SubscribeNext(FeedEntries& entries) {
-    const StockKey stock = entries.Stocks[entries.nSubscribed++];
-    TradeRequest::Add(stock);
-}
-
-void MonitorFeed::Withdraw(const FeedEntries& entries) {
-    if (entries.AllMarket) {
-        SwitchAllMarketOff();
-    }
-    for (std::size_t i = 0; i < entries.nSubscribed; ++i) {
-        TradeRequest::Delete(entries.Stocks[i]);
     }
 }

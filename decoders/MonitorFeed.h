@@ -6,18 +6,8 @@
 #ifndef TICKMUX_DECODERS_MONITORFEED_H
 #define TICKMUX_DECODERS_MONITORFEED_H
 
-#include <cstddef>
-
-#include "framework/plain_array.h"
-#include "framework/shapes.h"
+#include "framework/code_requests.h"
 #include "host/services.h"
-
-// What a monitor has asked for.
-struct FeedEntries {
-    bool AllMarket = false;  // the whole market; else the stocks
-    PlainArray<StockKey> Stocks;
-    std::size_t nSubscribed = 0;  // of the stocks
-};
 
 class MonitorFeed {
 public:
@@ -26,17 +16,14 @@ public:
     // The type of the packets that count: 0, 'A' or 'R'.
     char Mode() const { return m_chFeedMode; }
 
-    // Orders the entries' feed and changes the mode to it; without entries nothing changes.
-    void SendWatchRequest(const FeedEntries& entries);
+    // Hands the list in and changes the mode to its trades; an empty list changes nothing.
+    void SendWatchRequest(const CodeRequests::List& stocks);
 
-    // The next stock that has not been subscribed to.
-    static void SubscribeNext(FeedEntries& entries);
-    void Withdraw(const FeedEntries& entries);
-
-private:
+    // The whole market's feed, and the mode to it; off, the mode stays.
     void SwitchAllMarketOn();
     void SwitchAllMarketOff();
 
+private:
     CQelFunc m_ListFunc;
     CQelFunc m_AllFunc;
     char m_chFeedMode = 0;

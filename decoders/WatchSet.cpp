@@ -32,7 +32,7 @@ void ForEachItem(const CInterestTable& table, std::string_view numbers, Visitor&
 }  // namespace
 
 bool WatchSet::MakeRoom(std::size_t codes) {
-    return m_Codes.Reset(codes) && m_Entries.Stocks.Reserve(codes * sizeof(kEntryBoards));
+    return m_Codes.Reset(codes) && m_Requests.Reserve(codes * sizeof(kEntryBoards));
 }
 
 bool WatchSet::Watch(std::string_view code) {
@@ -46,15 +46,13 @@ bool WatchSet::Watch(std::string_view code) {
     return m_Codes.Put(key, 0);
 }
 
-void WatchSet::AddEntries(std::string_view code) {
+void WatchSet::AddRequests(std::string_view code) {
     StockKey key;
     FillBlank(key);
     std::memcpy(key.Code, code.data(), std::min(code.size(), sizeof(key.Code)));
     for (const char board : kEntryBoards) {
         key.Board = board;
-        if (StockKey* entry = m_Entries.Stocks.Append()) {
-            *entry = key;
-        }
+        m_Requests.Add(kStockClass, reinterpret_cast<const char*>(&key), sizeof(key), kWantTrades);
     }
 }
 
@@ -66,7 +64,7 @@ bool WatchSet::WatchGroups(const CInterestTable& table, std::string_view numbers
     }
     ForEachItem(table, numbers, [this](const MarlGroupItem& item) {
         if (Watch(CodeOf(item))) {
-            AddEntries(CodeOf(item));
+            AddRequests(CodeOf(item));
         }
     });
     return true;
@@ -83,7 +81,7 @@ bool WatchSet::WatchMarket() {
     for (const auto& [code, entry] : *stocks) {
         Watch(code);
     }
-    m_Entries.AllMarket = true;
+    m_bWholeMarket = true;
     return true;
 }
 
@@ -98,7 +96,7 @@ bool WatchSet::WatchIndustry() {
     }
     for (const CString& code : codes) {
         Watch(static_cast<const char*>(code));
-        AddEntries(static_cast<const char*>(code));
+        AddRequests(static_cast<const char*>(code));
     }
     return true;
 }

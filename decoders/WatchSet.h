@@ -1,13 +1,14 @@
-// The stocks that a trade monitor shows, found by their code on any board, and the feed entries that bring
-// their trades.
+// The stocks that a trade monitor shows, found by their code on any board, and the requests that bring their
+// trades.
 //
 // Each way of building one starts from an empty set. False: the terminal has no such data, or memory fails.
 #ifndef TICKMUX_DECODERS_WATCHSET_H
 #define TICKMUX_DECODERS_WATCHSET_H
 
 #include <string_view>
+#include <utility>
 
-#include "decoders/MonitorFeed.h"
+#include "framework/code_requests.h"
 #include "framework/key_index.h"
 #include "framework/shapes.h"
 #include "host/services.h"
@@ -22,18 +23,22 @@ public:
     bool WatchIndustry();
 
     bool Holds(const StockCode& code) const { return m_Codes.Find(code) != KeyIndex<StockCode>::kNowhere; }
-    FeedEntries& Entries() { return m_Entries; }
-    const FeedEntries& Entries() const { return m_Entries; }
+    bool IsWholeMarket() const { return m_bWholeMarket; }
+
+    // Of the codes, each on three boards; nothing for the whole market, whose feed names no stock. Given away
+    // once.
+    CodeRequests::List GiveRequests() { return std::move(m_Requests); }
 
 private:
     // False: it is there already, or no packet can have such a code.
     bool Watch(std::string_view code);
-    // Entries of a code on the boards 1 to 3; room for them must be there.
-    void AddEntries(std::string_view code);
+    // Requests of a code on the boards 1 to 3; room for them must be there.
+    void AddRequests(std::string_view code);
     bool MakeRoom(std::size_t codes);
 
     KeyIndex<StockCode> m_Codes;
-    FeedEntries m_Entries;
+    CodeRequests::List m_Requests;
+    bool m_bWholeMarket = false;
 };
 
 #endif

@@ -12,8 +12,9 @@ InitReader::InitReader(const char* buffer) {
     m_nRemain = static_cast<int>(length) - static_cast<int>(sizeof(m_Tag.Bytes));
 }
 
-InitReader InitReader::Untagged(const char* buffer) {
-    return {buffer, static_cast<int>(std::strlen(buffer))};
+void InitReader::ReadTagAsBody() {
+    m_pCursor -= sizeof(m_Tag.Bytes);
+    m_nRemain += static_cast<int>(sizeof(m_Tag.Bytes));
 }
 
 bool InitReader::ReadBytes(void* dst, int n) {

@@ -5,15 +5,18 @@
 #ifndef TICKMUX_FRAMEWORK_INIT_READER_H
 #define TICKMUX_FRAMEWORK_INIT_READER_H
 
+#include <algorithm>
 #include <cstddef>
+#include <span>
 
 #include "framework/shapes.h"
 
 class InitReader {
 public:
     explicit InitReader(const char* buffer);
-    // Of a text that has no tag.
-    static InitReader Untagged(const char* buffer);
+
+    // Back to the first byte, for a text that has no tag.
+    void ReadTagAsBody();
 
     // Zero bytes where the text is shorter than a tag.
     const RequestTag& Tag() const { return m_Tag; }
@@ -22,8 +25,14 @@ public:
     int Remain() const { return m_nRemain; }
     bool AtEnd() const { return m_nRemain == 0; }
 
-    // The bytes not yet read.
+    // The bytes not yet read, and the same as shapes close behind one another: as many as are whole.
     const char* Rest() const { return m_pCursor; }
+    template <class Shape>
+    std::span<const Shape> RestAs() const {
+        static_assert(alignof(Shape) == 1);
+        return {reinterpret_cast<const Shape*>(m_pCursor),
+                static_cast<std::size_t>(std::max(m_nRemain, 0)) / sizeof(Shape)};
+    }
 
     // False: fewer bytes remain, nothing moved.
     bool ReadBytes(void* dst, int n);
@@ -54,8 +63,6 @@ public:
     }
 
 private:
-    InitReader(const char* body, int length) : m_pCursor(body), m_nRemain(length) {}
-
     bool ReadItems(RepeatHead& head, void* items, std::size_t room);
     bool ReadRows(void* rows, int rowSize, int maxCount);
 

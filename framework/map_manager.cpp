@@ -130,9 +130,16 @@ int CRTMMapManager::UnregistMapDecoder(tickmux_handle handle) {
     // communication manager that hears of it may feed packets.
     LeaveTypeLists(*map);
     const MutexGuard guard(m_szMutexName);
-    RemoveFromMapList(map.get());
-    map->pDecoder.reset();
+    Destroy(map.get());
     return 1;
+}
+
+// The decoder is off its record before it gives up what it has asked for: who calls back then finds a map
+// that goes.
+void CRTMMapManager::Destroy(tagMAPINFO* map) {
+    RemoveFromMapList(map);
+    const std::unique_ptr<CRTMPacketDecoder> decoder = std::move(map->pDecoder);
+    decoder->Release();
 }
 
 int CRTMMapManager::InitMapDecoder(tickmux_handle handle, char* buffer) {
@@ -199,8 +206,7 @@ void CRTMMapManager::ClearMap() {
     const MutexGuard guard(m_szMutexName);
     while (!m_MapList.Empty()) {
         const std::unique_ptr<tagMAPINFO> map(m_MapList[0]);
-        RemoveFromMapList(map.get());
-        map->pDecoder.reset();
+        Destroy(map.get());
     }
     m_bClearing = false;
 }
@@ -234,7 +240,7 @@ int CRTMMapManager::PutRTMPacket(char* packet, int length) {
         more = i + 1 < list.Size();
         CRTMPacketDecoder* decoder = list[i];
         if (decoder->Awaits(head)) {
-            decoder->PutPacket(packet, length);
+            decoder->CRTMPacketDecoder::PutPacket(packet, length);
         }
     }
     return 1;

@@ -70,6 +70,7 @@ protected:
 private:
     bool EnterTypeLists(tagMAPINFO& map, const char* types);
     void LeaveTypeLists(tagMAPINFO& map);
+    void Destroy(tagMAPINFO* map);
     void RemoveFromMapList(tagMAPINFO* map);
 
     // A walk over the maps; a window that closes a batch from within its message begins one within another.

@@ -18,27 +18,29 @@ CRTMPacketDecoder::~CRTMPacketDecoder() {
     ClearViewQueue();
 }
 
-int CRTMPacketDecoder::Init(const char* /*buffer*/) {
+int CRTMPacketDecoder::Init(const char* buffer) {
     m_bStopped = 0;
-    return 1;
+    InitReader in(buffer);
+    return OnInit(in);
 }
 
 void CRTMPacketDecoder::Stop() {
     m_bActive = 0;
     m_bChanged = 0;
     m_bStopped = 1;
+    OnStop();
 }
 
 void CRTMPacketDecoder::Release() {
     m_bActive = 0;
     m_bChanged = 0;
+    OnRelease();
 }
 
 void CRTMPacketDecoder::EndUnpack() {
     if (m_bChanged != 0 && m_bStopped == 0) {
-        // Cleared first, so that a change made from within the window's message is sent too.
         m_bChanged = 0;
-        PostOutput();
+        OnEndUnpack();
     }
 }
 

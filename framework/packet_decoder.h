@@ -4,6 +4,9 @@
 // A decoder owns its state. A buffer given to PostToView belongs to the view queue, and from there to the
 // host. Packets and Init texts are the host's and live for the call. There is no lock here: the manager's map
 // guard and the host keep the calls apart; only the queue is shared with the window's thread.
+//
+// A class tells its handlers and, in OnInit, OnEndUnpack, OnRelease and OnStop, what it does within the calls
+// of the same names. What every class must do there stands here once.
 #ifndef TICKMUX_FRAMEWORK_PACKET_DECODER_H
 #define TICKMUX_FRAMEWORK_PACKET_DECODER_H
 
@@ -11,6 +14,7 @@
 #include <new>
 #include <utility>
 
+#include "framework/init_reader.h"
 #include "framework/packets.h"
 #include "framework/view_buffer.h"
 #include "host/platform.h"
@@ -35,15 +39,17 @@ class CRTMPacketDecoder {
 public:
     CRTMPacketDecoder(const CRTMPacketDecoder&) = delete;
     CRTMPacketDecoder& operator=(const CRTMPacketDecoder&) = delete;
+    // A host that holds a decoder calls these by their places in the object's table: their order stays, and
+    // no class replaces them but the last.
     virtual ~CRTMPacketDecoder();
-
     // The answer of an inquiry. 0: the text is no good, and the decoder gets no packets.
     virtual int Init(const char* buffer);
     virtual void Stop();
+    // Gives up what is asked for; the manager calls it for a map that goes, too.
     virtual void Release();
     // 1 if the packet fits a slot, whether or not the decoder runs; else 0.
-    virtual int PutPacket(const char* packet, int length) final;
-    // The batch is over: what has changed goes out. Nothing is to be done unless something has.
+    virtual int PutPacket(const char* packet, int length);
+    // The batch is over: what has changed goes out, unless the decoder is stopped.
     virtual void EndUnpack();
     virtual const char* GetMapName() const = 0;
 
@@ -58,9 +64,7 @@ public:
     // What the manager closes a batch with: items that no window has heard of are told, changes go out.
     void EndBatch() {
         TellWindow();
-        if (m_bChanged != 0) {
-            EndUnpack();
-        }
+        EndUnpack();
     }
     // False: the decoder is not active, or it follows one key and the payload begins otherwise.
     bool Awaits(uint64_t payloadHead) const { return m_bActive != 0 && m_KeyFilter.Admits(payloadHead); }
@@ -74,6 +78,22 @@ public:
 
 protected:
     CRTMPacketDecoder(HWND hWnd, const PacketSlots& slots) : m_Slots(slots), m_hWnd(hWnd) {}
+
+    // Takes the answer of an inquiry; gives what Init gives.
+    virtual int OnInit(InitReader& /*in*/) { return 1; }
+    // Sends what has changed; without more said, a copy of the output image. The change is marked as sent
+    // before, so that one which the window causes from within its message is sent too.
+    virtual void OnEndUnpack() { PostOutput(); }
+    // Gives up subscriptions, and what Release frees.
+    virtual void OnRelease() {}
+    // Frees what Stop frees.
+    virtual void OnStop() {}
+
+    // From within OnEndUnpack: not all could be sent, the next batch end tries again.
+    void KeepChange() { m_bChanged = 1; }
+    // What has changed meanwhile is not to be sent.
+    void DropChange() { m_bChanged = 0; }
+    bool IsStopped() const { return m_bStopped != 0; }
 
     // A new output image of spaces, of the layout's size; false if memory fails, and the former one stays.
     template <class Layout>
@@ -101,23 +121,19 @@ protected:
     void NotifyListChanged();
     void PostListChanged();
 
-    // The batch end of a row list or a board: the rows that wait leave behind `front`. `rows` are WaitingRows
-    // or a RowBoard.
+    // For OnEndUnpack of a row list or a board: the rows that wait leave behind `front`. `rows` are
+    // WaitingRows or a RowBoard.
     template <class Front, class Rows>
     void SendRows(const Front& front, Rows& rows) {
-        if (m_bChanged == 0 || m_bStopped != 0) {
+        if (rows.Empty()) {
             return;
         }
-        ViewBuffer buffer;
-        if (!rows.Empty()) {
-            buffer = rows.Pack(front);
-            if (!buffer) {
-                return;  // the next batch end tries again with all rows
-            }
-            rows.Clear();
+        ViewBuffer buffer = rows.Pack(front);
+        if (!buffer) {
+            KeepChange();  // with all rows
+            return;
         }
-        // Cleared before the window hears of it, so that rows which it causes are sent too.
-        m_bChanged = 0;
+        rows.Clear();
         PostToView(std::move(buffer));
     }
 

@@ -1,8 +1,7 @@
 // The rows of a board: the inquiry names them, packets change them, and what a batch has changed leaves
 // together in board order.
 //
-// A Kind tells what a board is made of: its Row, the Key by which packets find a row, `KeyOf(row)`, and the
-// Request, a Subscription, with `CodeOf(row)`, the code that a row asks for.
+// A Kind tells what a board is made of: its Row, the Key by which packets find a row, and `KeyOf(row)`.
 #ifndef TICKMUX_FRAMEWORK_ROW_BOARD_H
 #define TICKMUX_FRAMEWORK_ROW_BOARD_H
 
@@ -11,9 +10,9 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <span>
 #include <utility>
 
-#include "framework/init_reader.h"
 #include "framework/key_index.h"
 #include "framework/rows_buffer.h"
 #include "framework/shapes.h"
@@ -24,62 +23,33 @@ public:
     using Row = typename Kind::Row;
     using Key = typename Kind::Key;
 
-    // The rows of one inquiry, top first.
-    struct Rows {
-        std::unique_ptr<Row[]> Items;
-        int nRows = 0;
-        int nAsked = 0;  // for the codes of so many a request has gone out
-
-        Row* begin() const { return Items.get(); }
-        Row* end() const { return Items.get() + nRows; }
-    };
-
-    // Until rows are taken no packet finds one. Those that are there still name what is subscribed to.
+    // Without rows no packet finds one.
     void Close() {
         m_Index.Clear();
         Clear();
+        m_nRows = 0;
     }
 
-    // Reads the rows, which must be there, and gives the former ones, for MoveFrom. False if memory fails;
-    // then the former ones stay.
-    bool Take(InitReader& in, int rows, Rows& former) {
-        const auto count = static_cast<std::size_t>(rows);
-        Rows next{std::unique_ptr<Row[]>(new (std::nothrow) Row[count]), rows, 0};
-        std::unique_ptr<char[]> dirty(new (std::nothrow) char[count]{});
-        if (next.Items == nullptr || dirty == nullptr || !m_Index.Reset(count)) {
+    // Takes the rows of an inquiry, top first. False if memory fails; then the board is as it was.
+    bool Take(std::span<const Row> rows) {
+        std::unique_ptr<Row[]> copies(new (std::nothrow) Row[rows.size()]);
+        std::unique_ptr<char[]> dirty(new (std::nothrow) char[rows.size()]{});
+        if (copies == nullptr || dirty == nullptr || !m_Index.Reset(rows.size())) {
             return false;
         }
-        int place = 0;
-        for (Row& row : next) {
-            in.Read(row);
-            m_Index.Put(Kind::KeyOf(row), place++);
-        }
-        former = std::exchange(m_Rows, std::move(next));
+        std::copy(rows.begin(), rows.end(), copies.get());
+        m_pRows = std::move(copies);
         m_pDirty = std::move(dirty);
+        m_nRows = static_cast<int>(rows.size());
         m_nDirty = 0;
-        ++m_nGeneration;
+        for (int place = 0; place < m_nRows; ++place) {
+            m_Index.Put(Kind::KeyOf(At(place)), place);
+        }
         return true;
     }
 
-    // Asks for the codes of the rows and then gives up those of the former ones, each in board order. The
-    // communication manager may call back and end this board, or bring another: then false.
-    bool MoveFrom(const Rows& former) {
-        const unsigned generation = m_nGeneration;
-        while (m_nGeneration == generation && m_Rows.nAsked < m_Rows.nRows) {
-            Kind::Request::Add(Kind::CodeOf(At(m_Rows.nAsked++)));
-        }
-        DeleteAll(former);
-        return m_nGeneration == generation;
-    }
-
-    void GiveUp() {
-        Close();
-        ++m_nGeneration;
-        DeleteAll(std::exchange(m_Rows, {}));
-    }
-
-    int Count() const { return m_Rows.nRows; }
-    Row& At(int place) { return m_Rows.Items[static_cast<std::size_t>(place)]; }
+    int Count() const { return m_nRows; }
+    Row& At(int place) { return m_pRows[static_cast<std::size_t>(place)]; }
 
     // Of equal keys the first row. kNowhere: there is none.
     static constexpr int kNowhere = KeyIndex<Key>::kNowhere;
@@ -104,8 +74,8 @@ public:
             const char* dirty = all;
             for (int left = m_nDirty; left > 0; --left, ++dirty) {
                 dirty = static_cast<const char*>(
-                    std::memchr(dirty, kChanged, static_cast<std::size_t>(all + m_Rows.nRows - dirty)));
-                *next++ = m_Rows.Items[static_cast<std::size_t>(dirty - all)];
+                    std::memchr(dirty, kChanged, static_cast<std::size_t>(all + m_nRows - dirty)));
+                *next++ = m_pRows[static_cast<std::size_t>(dirty - all)];
             }
         }
         return buffer;
@@ -113,7 +83,7 @@ public:
 
     void Clear() {
         if (m_nDirty > 0) {
-            std::memset(m_pDirty.get(), 0, static_cast<std::size_t>(m_Rows.nRows));
+            std::memset(m_pDirty.get(), 0, static_cast<std::size_t>(m_nRows));
             m_nDirty = 0;
         }
     }
@@ -121,16 +91,11 @@ public:
 private:
     static constexpr char kChanged = 1;
 
-    static void DeleteAll(const Rows& rows) {
-        std::for_each(rows.begin(), rows.begin() + rows.nAsked,
-                      [](const Row& row) { Kind::Request::Delete(Kind::CodeOf(row)); });
-    }
-
     KeyIndex<Key> m_Index;
     int m_nDirty = 0;
+    int m_nRows = 0;
     std::unique_ptr<char[]> m_pDirty;  // by place; kChanged or 0
-    Rows m_Rows;
-    unsigned m_nGeneration = 0;  // of the rows
+    std::unique_ptr<Row[]> m_pRows;
 };
 
 #endif

@@ -102,6 +102,8 @@ public:
 
     // Blank before the request goes out: whoever hears of it may call back and bring another key.
     void GiveUp() { Subscription<Key, Class, Flags>::Delete(Take(Blank())); }
+    // Blank, and the code stays asked for.
+    void Forget() { Take(Blank()); }
 
 private:
     static Key Blank() {
