@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <string>
 #include <string_view>
 #include <utility>
 
@@ -71,11 +70,7 @@ int CRSFLDN01::OnInit(InitReader& in) {
     // A set that does not come about is not kept: nothing of it has been asked for. The former stocks stay
     // asked for.
     WatchSet watched;
-    constexpr int kBrokers = 3;
-    CString first;
-    CString second;
-    if (!BuildWatchSet(watched) ||
-        (m_pBrokerMaster = CQelData21::GetMasterData(kBrokers, first, second)) == nullptr) {
+    if (!BuildWatchSet(watched) || !m_Brokers.Load()) {
         return 0;
     }
     m_Requests.Replace(watched.GiveRequests());
@@ -154,11 +149,7 @@ int CRSFLDN01::ShowTrade(const Packet& trade) {
 
 // By the broker's mark in the master data; one without leaves the tag as it is.
 void CRSFLDN01::PutBrokerTag(char (&tag)[2], const char (&broker)[4]) const {
-    const auto found = m_pBrokerMaster->find(std::string(WithoutBlanksBehind({broker, sizeof(broker)})));
-    if (found == m_pBrokerMaster->end()) {
-        return;
-    }
-    switch (static_cast<const char*>(found->second->szMark)[0]) {
+    switch (m_Brokers.Of(broker)) {
         case '0':
             tag[0] = '0';  // a colour that no other tag has
             break;

@@ -6,6 +6,7 @@
 #ifndef TICKMUX_DECODERS_CRSFLDN01_H
 #define TICKMUX_DECODERS_CRSFLDN01_H
 
+#include "decoders/BrokerMarks.h"
 #include "decoders/MonitorFeed.h"
 #include "decoders/TradeFilters.h"
 #include "decoders/WatchSet.h"
@@ -41,7 +42,7 @@ private:
     TradeFilters m_Filters;
     PlainRows m_Front{};
     WaitingRows<MonitorRow> m_Rows;
-    const CodeTable* m_pBrokerMaster = nullptr;  // the service's
+    BrokerMarks m_Brokers;
     SettingsFile m_Settings;
     CInterestTable m_InterestTable;
 };

@@ -8,7 +8,8 @@
 #include <cstring>
 #include <utility>
 
-#include "framework/field_panel.h"
+#include "decoders/PanelRecord.h"
+#include "framework/codecs.h"
 #include "framework/init_reader.h"
 #include "framework/packet_decoder.h"
 #include "framework/subscription.h"

@@ -6,10 +6,8 @@
 #define TICKMUX_FRAMEWORK_FIELD_PANEL_H
 
 #include <cstddef>
-#include <cstring>
 #include <span>
 
-#include "framework/codecs.h"
 #include "framework/shapes.h"
 
 struct PanelField {
@@ -44,46 +42,5 @@ constexpr bool IsNumbered(std::span<const PanelField> table) {
     }
     return true;
 }
-
-// What a screen takes: the fields from First to Last.
-struct FieldRange {
-    int First = -1;
-    int Last = -1;
-
-    bool Holds(int number) const { return First <= number && number <= Last; }
-    bool IsIn(std::span<const PanelField> table) const {
-        return First >= 0 && First <= Last && Last < static_cast<int>(table.size());
-    }
-};
-
-template <const auto& Table>
-class PanelRecord {
-    static_assert(IsNumbered(Table));
-
-public:
-    PanelRecord() { Clear(); }
-    void Clear() { FillBlank(m_Bytes); }
-
-    // A field's value, without its tag, as the array that it is.
-    template <int Number>
-    auto& Value() {
-        constexpr int kTag = Table[Number].HasTag ? kTagWidth : 0;
-        using Array = char[static_cast<std::size_t>(Table[Number].Width - kTag)];
-        return *reinterpret_cast<Array*>(m_Bytes + WidthOf(Table, 0, Number) + kTag);
-    }
-    template <int Number>
-    char (&Tag())[kTagWidth] {
-        static_assert(Table[Number].HasTag);
-        return *reinterpret_cast<char(*)[kTagWidth]>(m_Bytes + WidthOf(Table, 0, Number));
-    }
-
-    char* At(const FieldRange& range) { return m_Bytes + WidthOf(Table, 0, range.First); }
-    static std::size_t SizeOf(const FieldRange& range) {
-        return static_cast<std::size_t>(WidthOf(Table, range.First, range.Last + 1));
-    }
-
-private:
-    char m_Bytes[WidthOf(Table)];
-};
 
 #endif

@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "framework/init_reader.h"
+#include "framework/key_filter.h"
 #include "framework/packets.h"
 #include "framework/view_buffer.h"
 #include "host/platform.h"

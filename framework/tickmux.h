@@ -117,7 +117,6 @@ TICKMUX_API int TICKMUX_CALL StopView(void);
 
 #ifdef __cplusplus
 }
-#include "framework/map_manager.h"
 #endif
 
 #endif

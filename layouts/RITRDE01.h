@@ -46,18 +46,29 @@ struct IndexField {
     };
 };
 
+// clang-format off
 inline constexpr PanelField kIndexPanel[] = {
     // number, width, tag, content
-    {0, 17, true, "Index"},       {1, 1, false, "Sign"},
-    {2, 17, true, "Change"},      {3, 8, true, "rate, per cent"},
-    {4, 17, true, "High"},        {5, 17, true, "Low"},
-    {6, 17, true, "Open"},        {7, 15, false, "TotalVolume"},
-    {8, 15, false, "TotalValue"}, {9, 17, true, "base value, from the inquiry"},
-    {10, 5, false, "Count1"},     {11, 5, false, "Count2"},
-    {12, 5, false, "Count3"},     {13, 5, false, "Count4"},
-    {14, 9, false, "Count5"},     {15, 15, false, "inquiry"},
-    {16, 8, false, "inquiry"},    {17, 6, false, "Time"},
+    {IndexField::Index, 17, true, "Index"},
+    {IndexField::Sign, 1, false, "Sign"},
+    {IndexField::Change, 17, true, "Change"},
+    {IndexField::Rate, 8, true, "rate, per cent"},
+    {IndexField::High, 17, true, "High"},
+    {IndexField::Low, 17, true, "Low"},
+    {IndexField::Open, 17, true, "Open"},
+    {IndexField::TotalVolume, 15, false, "TotalVolume"},
+    {IndexField::TotalValue, 15, false, "TotalValue"},
+    {IndexField::BaseValue, 17, true, "base value, from the inquiry"},
+    {IndexField::Count1, 5, false, "Count1"},
+    {IndexField::Count2, 5, false, "Count2"},
+    {IndexField::Count3, 5, false, "Count3"},
+    {IndexField::Count4, 5, false, "Count4"},
+    {IndexField::Count5, 9, false, "Count5"},
+    {15, 15, false, "inquiry"},
+    {16, 8, false, "inquiry"},
+    {IndexField::Time, 6, false, "Time"},
 };
+// clang-format on
 static_assert(WidthOf(kIndexPanel) == 199);
 
 #endif

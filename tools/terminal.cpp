@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "tools/errors.h"
 
 namespace tools {

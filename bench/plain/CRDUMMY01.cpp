@@ -3,7 +3,7 @@
 
 #include "bench/plain/codecs.h"
 #include "bench/plain/factories.h"
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "layouts/RDUMMY01.h"
 
 namespace plain {

@@ -2,7 +2,7 @@
 #include "bench/plain/candle_chart.h"
 #include "bench/plain/factories.h"
 #include "framework/packets.h"
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "layouts/RICAND11.h"
 
 namespace plain {

@@ -4,7 +4,7 @@
 #include "bench/plain/codecs.h"
 #include "bench/plain/factories.h"
 #include "bench/plain/rates.h"
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "layouts/RITRDE02.h"
 
 namespace plain {

@@ -4,7 +4,7 @@
 
 #include "bench/plain/codecs.h"
 #include "bench/plain/factories.h"
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "host/services.h"
 #include "layouts/RRPASS01.h"
 #include "layouts/SubscriptionItem.h"

@@ -5,7 +5,7 @@
 #include "bench/plain/factories.h"
 #include "bench/plain/rates.h"
 #include "bench/plain/waiting_rows.h"
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "layouts/RSDONE01.h"
 
 namespace plain {

@@ -10,7 +10,7 @@
 #include "bench/plain/factories.h"
 #include "bench/plain/rates.h"
 #include "bench/plain/waiting_rows.h"
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "host/services.h"
 #include "layouts/RSFLDN01.h"
 

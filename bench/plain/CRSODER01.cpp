@@ -5,7 +5,7 @@
 #include "bench/plain/codecs.h"
 #include "bench/plain/factories.h"
 #include "bench/plain/rates.h"
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "host/services.h"
 #include "layouts/RSODER01.h"
 

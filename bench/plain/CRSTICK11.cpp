@@ -4,7 +4,7 @@
 #include "bench/plain/codecs.h"
 #include "bench/plain/factories.h"
 #include "bench/plain/waiting_rows.h"
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "layouts/RSTICK11.h"
 
 namespace plain {

@@ -4,7 +4,7 @@
 #include "bench/plain/codecs.h"
 #include "bench/plain/factories.h"
 #include "bench/plain/field_record.h"
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "layouts/RSTRDE01.h"
 
 namespace plain {

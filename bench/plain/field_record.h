@@ -7,6 +7,7 @@
 
 #include "bench/plain/codecs.h"
 #include "bench/plain/rates.h"
+#include "decoders/PanelRecord.h"
 #include "framework/field_panel.h"
 
 namespace plain {

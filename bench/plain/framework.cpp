@@ -6,7 +6,7 @@
 #include "bench/plain/codecs.h"
 #include "bench/plain/factories.h"
 #include "framework/guard.h"
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "framework/tickmux.h"
 #include "host/services.h"
 

@@ -11,7 +11,7 @@
 #include <sstream>
 #include <string>
 
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "host/platform.h"
 #include "host/tickhost.h"
 #include "tests/reliability/allocations.h"

@@ -12,6 +12,7 @@
 #include <set>
 #include <thread>
 
+#include "framework/map_manager.h"
 #include "framework/packet_decoder.h"
 #include "host/services.h"
 #include "tests/support/inquiries.h"

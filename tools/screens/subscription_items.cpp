@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/subscription.h"
+#include "framework/subscription_record.h"
 #include "tools/errors.h"
 #include "tools/screens/screen.h"
 
