@@ -2,13 +2,11 @@
 #include <time.h>
 
 #include <atomic>
-#include <chrono>
 #include <mutex>
 #include <optional>
 
-#include "host/exports.h"
+#include "host/clocks.h"
 #include "host/platform.h"
-#include "host/settings.h"
 
 namespace {
 
@@ -30,22 +28,8 @@ HeldTime g_Local;
 HeldTime g_System;
 std::atomic<uint64_t> g_HeldTicks = 0;  // bit 32: held
 
-uint16_t DayOfWeek(const tickhost_time& time) {
-    if (time.month < 1 || time.month > 12) {
-        return 0;
-    }
-    const std::chrono::sys_days first = std::chrono::year(time.year) / time.month / 1;
-    const std::chrono::weekday day(first + std::chrono::days(time.day) - std::chrono::days(1));
-    return static_cast<uint16_t>(day.c_encoding());
-}
-
-void Hold(HeldTime& clock, const tickhost_time* time) {
-    if (time == nullptr) {
-        clock.Set(std::nullopt);
-        return;
-    }
-    clock.Set(SYSTEMTIME{time->year, time->month, DayOfWeek(*time), time->day, time->hour, time->minute,
-                         time->second, time->millisecond});
+void Hold(HeldTime& clock, const SYSTEMTIME* time) {
+    clock.Set(time == nullptr ? std::nullopt : std::optional(*time));
 }
 
 using Calendar = tm* (*)(const time_t*, tm*);
@@ -88,20 +72,18 @@ DWORD GetTickCount(void) {
                               static_cast<uint64_t>(now.tv_nsec) / 1000000);
 }
 
-void tickhost_set_local_time(const tickhost_time* time) {
+void HoldLocalTime(const SYSTEMTIME* time) {
     Hold(g_Local, time);
 }
 
-void tickhost_set_system_time(const tickhost_time* time) {
+void HoldSystemTime(const SYSTEMTIME* time) {
     Hold(g_System, time);
 }
 
-void tickhost_set_tick_count(int fixed, uint32_t milliseconds) {
-    g_HeldTicks = fixed == 0 ? 0 : uint64_t{1} << 32 | milliseconds;
+void HoldTickCount(uint32_t milliseconds) {
+    g_HeldTicks = uint64_t{1} << 32 | milliseconds;
 }
 
-void ResetClocks() {
-    g_Local.Set(std::nullopt);
-    g_System.Set(std::nullopt);
+void ReleaseTickCount() {
     g_HeldTicks = 0;
 }

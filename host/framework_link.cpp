@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "host/exports.h"
+#include "host/resets.h"
 #include "host/services.h"
-#include "host/settings.h"
 
 namespace {
 

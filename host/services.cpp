@@ -8,6 +8,7 @@
 
 #include "host/exports.h"
 #include "host/guarded.h"
+#include "host/resets.h"
 #include "host/settings.h"
 
 namespace {

@@ -10,6 +10,8 @@
 
 #include "host/exports.h"
 #include "host/guarded.h"
+#include "host/paths.h"
+#include "host/resets.h"
 
 namespace {
 
@@ -31,7 +33,7 @@ constexpr std::array<Row, static_cast<std::size_t>(Setting::Count)> kRows = {{
     {Setting::InnerTr, "InnerTr", "", Form::Plain},
     {Setting::UserDir, "UserDir", ".", Form::Folder},
     {Setting::DataDir, "DataDir", ".", Form::Folder},
-    {Setting::DriveC, "DriveC", "drive_c", Form::Folder},
+    {Setting::DriveC, "DriveC", kDefaultDriveC, Form::Folder},
 }};
 
 constexpr std::size_t kUserIDWidth = 19;
@@ -47,6 +49,7 @@ struct Texts {
         for (const Row& row : kRows) {
             Current[static_cast<std::size_t>(row.Which)] = row.Default;
         }
+        SetDriveC(kDefaultDriveC);
     }
 };
 
@@ -92,17 +95,12 @@ int tickhost_set_text(const char* name, const char* value) {
                 const std::lock_guard hold(texts.Lock);
                 const std::string& kept = *texts.Kept.insert(InForm(value, row.Shape)).first;
                 texts.Current[static_cast<std::size_t>(row.Which)] = kept.c_str();
+                if (row.Which == Setting::DriveC) {
+                    SetDriveC(kept.c_str());
+                }
                 return 1;
             });
         }
     }
     return 0;
-}
-
-void tickhost_reset(void) {
-    ResetTexts();
-    ResetServices();
-    ResetFramework();
-    ResetClocks();
-    ResetWindows();
 }

@@ -20,11 +20,4 @@ enum class Setting : std::size_t {
 // The text stays valid until the process ends, also when the setting is changed meanwhile.
 const char* SettingText(Setting setting);
 
-// What tickhost_reset puts back, each beside its settings.
-void ResetTexts();
-void ResetServices();
-void ResetFramework();
-void ResetClocks();
-void ResetWindows();
-
 #endif

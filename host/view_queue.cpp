@@ -6,7 +6,7 @@
 
 #include "host/exports.h"
 #include "host/services.h"
-#include "host/view_messages.h"
+#include "host/windows.h"
 
 // A node off the list stays in its block, so that a position that was overtaken by a taker is told by its
 // mark.

@@ -11,12 +11,10 @@
 #include <unordered_map>
 #include <utility>
 
-#include "host/exports.h"
 #include "host/guarded.h"
 #include "host/per_thread.h"
 #include "host/platform.h"
-#include "host/settings.h"
-#include "host/view_messages.h"
+#include "host/windows.h"
 
 namespace {
 
@@ -24,7 +22,7 @@ struct Thread;
 
 struct Window {
     HWND Handle;
-    tickhost_window_proc Procedure;  // null: every message is answered with 0
+    WindowProcedure Procedure;  // null: every message is answered with 0
     void* Context;
     Thread* Owner;
     int Running = 0;              // calls of the procedure that have not ended
@@ -206,7 +204,7 @@ Thread::~Thread() {
 
 }  // namespace
 
-HWND tickhost_create_window(tickhost_window_proc procedure, void* context) {
+HWND MakeWindow(WindowProcedure procedure, void* context) {
     return OrRefuse(HWND{nullptr}, [&] {
         Thread& self = CurrentThread::Get();
         World& world = TheWorld();
@@ -219,7 +217,7 @@ HWND tickhost_create_window(tickhost_window_proc procedure, void* context) {
     });
 }
 
-void tickhost_destroy_window(HWND window) {
+void EndWindow(HWND window) {
     OrRefuse(0, [&] {
         Thread& self = CurrentThread::Get();
         World& world = TheWorld();
@@ -231,7 +229,7 @@ void tickhost_destroy_window(HWND window) {
     });
 }
 
-int tickhost_pump_messages(void) {
+int PumpMessages() {
     Thread* const self = CurrentThread::Peek();
     if (self == nullptr) {
         return 0;
@@ -317,7 +315,7 @@ void DropViewMessages(const void* queue) {
     }
 }
 
-void ResetWindows() {
+void EndAllWindows() {
     OrRefuse(0, [] {
         Thread& self = CurrentThread::Get();
         World& world = TheWorld();

@@ -1,35 +1,15 @@
-// Paths, folders, and the file that is appended to.
+// The framework's file that is appended to.
 #define _FILE_OFFSET_BITS 64  // NOLINT(bugprone-reserved-identifier): files beyond 2 GB on 32 bits
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 
 #include "host/guarded.h"
 #include "host/paths.h"
-#include "host/platform.h"
 #include "host/services.h"
-#include "host/settings.h"
-
-std::string HostPath(const char* path) {
-    std::string text = path;
-    std::replace(text.begin(), text.end(), '\\', '/');
-    if (text.size() >= 2 && (text[0] == 'c' || text[0] == 'C') && text[1] == ':') {
-        const bool separated = text.size() > 2 && text[2] == '/';
-        text.replace(0, 2, HostPath(SettingText(Setting::DriveC)) + (separated ? "" : "/"));
-    }
-    return text;
-}
-
-BOOL CreateDirectoryA(const char* path, SECURITY_ATTRIBUTES* /*attributes*/) {
-    if (path == nullptr) {
-        return FALSE;
-    }
-    return OrRefuse(FALSE, [&] { return mkdir(HostPath(path).c_str(), 0777) == 0 ? TRUE : FALSE; });
-}
 
 CFile::~CFile() {
     Close();
