@@ -19,7 +19,7 @@ std::size_t HeapInUse() {
     return info.uordblks + info.hblkhd;
 }
 
-void Measure(const bench::Script::Screen& screen) {
+void Measure(const ScreenToOpen& screen) {
     std::vector<tickmux_handle> handles;
     handles.reserve(kScreens);
     const std::size_t empty = HeapInUse();
@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
     }
     try {
         std::set<std::string> seen;
-        for (const bench::Script::Screen& screen : bench::ScreensOf(argv[1])) {
+        for (const ScreenToOpen& screen : bench::ScreensOf(argv[1])) {
             if (seen.insert(screen.Map).second) {
                 Measure(screen);
             }

@@ -16,7 +16,7 @@ constexpr int kTimes = 10;
 // The first packets of the capture in one piece, with a batch end behind every so many as it has on average.
 bench::Script ReadScript(const std::string& workspace, const std::string& capture) {
     bench::Script script;
-    const std::vector<bench::Script::Screen> screens = bench::ScreensOf(workspace);
+    const std::vector<ScreenToOpen> screens = bench::ScreensOf(workspace);
     for (int time = 0; time < kTimes; ++time) {
         script.Screens.insert(script.Screens.end(), screens.begin(), screens.end());
     }

@@ -20,11 +20,7 @@ namespace bench {
 using Buffers = std::vector<std::string>;
 
 struct Script {
-    struct Screen {
-        std::string Map;
-        std::string Init;
-    };
-    std::vector<Screen> Screens;
+    std::vector<ScreenToOpen> Screens;
     Buffers Before;               // packets, once, with a batch end behind them
     Buffers Feed;                 // packets in each pass
     std::size_t nBatch = 1;       // packets in a batch; 0: no batch ends
@@ -40,7 +36,7 @@ public:
         if (std::exchange(s_bOpen, true) && std::is_same_v<Form, ModuleForm>) {
             Differ("two sessions of the one module would get each other's packets");
         }
-        for (const Script::Screen& screen : script.Screens) {
+        for (const ScreenToOpen& screen : script.Screens) {
             m_Scattered.push_back(std::make_unique<char[]>(64 + m_Scattered.size() * 40 % 4000));
             m_Views.push_back(std::make_unique<View>(*this, screen.Map));
             View& view = *m_Views.back();

@@ -6,24 +6,21 @@
 #include <string>
 #include <vector>
 
-#include "bench/support/session.h"
+#include "host/tickhost.h"
+#include "tests/support/orders.h"
 #include "tests/support/workspace.h"
 
 namespace bench {
 
 // Throws tools::BadInput for a file that cannot be read or is broken.
-inline std::vector<Script::Screen> ScreensOf(const std::string& workspace) {
+inline std::vector<ScreenToOpen> ScreensOf(const std::string& workspace) {
     const std::string folder = std::filesystem::path(workspace).parent_path().string();
     tickhost_set_text("UserDir", folder.c_str());
     tickhost_set_text("DataDir", folder.c_str());
-    tickhost_set_text("UserID", "TRADER01");
+    tickhost_set_text("UserID", kUser);
     tickhost_set_master(0, 0, nullptr, nullptr, nullptr);
     tickhost_set_master(3, 0, nullptr, nullptr, nullptr);
-    std::vector<Script::Screen> screens;
-    for (const ScreenToOpen& screen : ::ScreensOf(workspace)) {
-        screens.push_back({screen.Map, screen.Init});
-    }
-    return screens;
+    return ::ScreensOf(workspace);
 }
 
 }  // namespace bench

@@ -40,6 +40,11 @@ struct ModuleForm {
     static void Free(char* data) { tickhost_free_view_data(data); }
 };
 
+struct ScreenToOpen {
+    std::string Map;
+    std::string Init;
+};
+
 // How many bytes of a map's buffers the length of an item does not count: none where packets pass through.
 inline std::size_t TagBytesOf(std::string_view map) {
     return map == "RRPASS01_R" ? 0 : sizeof(RequestTag);

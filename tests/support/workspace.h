@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/host_parts.h"
 #include "tools/screens/screen.h"
 #include "tools/workspace.h"
 
@@ -17,11 +18,6 @@ inline tools::InitText InitOf(const tools::WorkspaceLine& line) {
     kind.Complete(init);
     return init;
 }
-
-struct ScreenToOpen {
-    std::string Map;
-    std::string Init;
-};
 
 // Throws tools::BadInput for a file that cannot be read or is broken.
 inline std::vector<ScreenToOpen> ScreensOf(const std::string& workspace) {
