@@ -1,16 +1,11 @@
 // The framework as a host uses it: through the exported functions.
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <atomic>
-#include <charconv>
-#include <chrono>
 #include <functional>
 #include <iterator>
 #include <set>
-#include <thread>
 
 #include "framework/map_manager.h"
 #include "framework/packet_decoder.h"
@@ -237,35 +232,8 @@ TEST_F(Module, CancelNamesTheUser) {
     EXPECT_EQ(Told(), Events{"view"}) << "decoders go on as if the request had been sent";
 }
 
-// Whether an action on another thread waits for a mutex that this one holds.
-bool WaitsFor(const std::string& name, const std::function<void()>& action) {
-    HANDLE mutex = CreateMutexA(nullptr, TRUE, name.c_str());
-    std::atomic<bool> done = false;
-    std::thread other([&] {
-        action();
-        done = true;
-    });
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    const bool waited = !done;
-    ReleaseMutex(mutex);
-    other.join();
-    CloseHandle(mutex);
-    return waited;
-}
-
-TEST_F(Module, GuardsAreTheMutexThatTheHostNamesAndOneOfTheManagersAddress) {
-    std::string name = "guard " + std::to_string(getpid()) + " cut at 19 characters";
-    SetMutexNameToDecoder(name.data());
-    Open(TickInquiry("1ASII"));
-    EXPECT_TRUE(WaitsFor(name.substr(0, 19), [&] { m_Screen->Stop(); }));
-    char none[] = "";
-    SetMutexNameToDecoder(none);
-
+TEST_F(Module, ABlankCodeIsNotAskedFor) {
     CRTMMapManager manager;
-    char address[20];
-    *std::to_chars(address, std::end(address), reinterpret_cast<uintptr_t>(&manager), 16).ptr = '\0';
-    EXPECT_TRUE(WaitsFor(address, [&] { manager.RegistMapDecoder(nullptr, "RDUMMY01_R"); }));
-    Told();
     char code[] = "1ASII      ";
     char blank[] = "           ";
     EXPECT_EQ(manager.AddTrStcdInfo(code, 11, kStockClass, kWantTrades), 1);

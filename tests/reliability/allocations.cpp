@@ -92,22 +92,16 @@ void* operator new(std::size_t bytes) {
 void* operator new[](std::size_t bytes) {
     return heap::TakeOrThrow(bytes);
 }
+void* operator new(std::size_t bytes, std::align_val_t alignment) {
+    return heap::TakeOrThrow(bytes, alignment);
+}
 void* operator new(std::size_t bytes, const std::nothrow_t& /*tag*/) noexcept {
     return heap::Take(bytes);
 }
 void* operator new[](std::size_t bytes, const std::nothrow_t& /*tag*/) noexcept {
     return heap::Take(bytes);
 }
-void* operator new(std::size_t bytes, std::align_val_t alignment) {
-    return heap::TakeOrThrow(bytes, alignment);
-}
-void* operator new[](std::size_t bytes, std::align_val_t alignment) {
-    return heap::TakeOrThrow(bytes, alignment);
-}
 void* operator new(std::size_t bytes, std::align_val_t alignment, const std::nothrow_t& /*tag*/) noexcept {
-    return heap::Take(bytes, alignment);
-}
-void* operator new[](std::size_t bytes, std::align_val_t alignment, const std::nothrow_t& /*tag*/) noexcept {
     return heap::Take(bytes, alignment);
 }
 void operator delete(void* block) noexcept {
@@ -116,33 +110,15 @@ void operator delete(void* block) noexcept {
 void operator delete[](void* block) noexcept {
     heap::Give(block);
 }
+void operator delete(void* block, std::align_val_t /*alignment*/) noexcept {
+    heap::Give(block);
+}
 void operator delete(void* block, std::size_t /*bytes*/) noexcept {
     heap::Give(block);
 }
 void operator delete[](void* block, std::size_t /*bytes*/) noexcept {
     heap::Give(block);
 }
-void operator delete(void* block, const std::nothrow_t& /*tag*/) noexcept {
-    heap::Give(block);
-}
-void operator delete[](void* block, const std::nothrow_t& /*tag*/) noexcept {
-    heap::Give(block);
-}
-void operator delete(void* block, std::align_val_t /*alignment*/) noexcept {
-    heap::Give(block);
-}
-void operator delete[](void* block, std::align_val_t /*alignment*/) noexcept {
-    heap::Give(block);
-}
 void operator delete(void* block, std::size_t /*bytes*/, std::align_val_t /*alignment*/) noexcept {
-    heap::Give(block);
-}
-void operator delete[](void* block, std::size_t /*bytes*/, std::align_val_t /*alignment*/) noexcept {
-    heap::Give(block);
-}
-void operator delete(void* block, std::align_val_t /*alignment*/, const std::nothrow_t& /*tag*/) noexcept {
-    heap::Give(block);
-}
-void operator delete[](void* block, std::align_val_t /*alignment*/, const std::nothrow_t& /*tag*/) noexcept {
     heap::Give(block);
 }
