@@ -122,3 +122,9 @@ void operator delete[](void* block, std::size_t /*bytes*/) noexcept {
 void operator delete(void* block, std::size_t /*bytes*/, std::align_val_t /*alignment*/) noexcept {
     heap::Give(block);
 }
+void operator delete(void* block, const std::nothrow_t& /*tag*/) noexcept {
+    heap::Give(block);
+}
+void operator delete[](void* block, const std::nothrow_t& /*tag*/) noexcept {
+    heap::Give(block);
+}
