@@ -16,6 +16,7 @@ import os
 import pathlib
 import re
 import shlex
+import shutil
 import subprocess
 import sys
 
@@ -24,9 +25,8 @@ FOLDER = HERE / "build" / "tidy"
 CLEAN = FOLDER / "clean.json"
 BATCH = 16
 CHEAPEST = "misc-unused-alias-decls"  # parses, and looks for hardly anything
-SETTINGS = [HERE / ".clang-tidy", pathlib.Path(__file__)]
-# A batch's sources are headers to clang-tidy.
-OURS = f"^({re.escape(str(HERE))}/)?(?!build/|/usr/).*\\.(h|cpp)$"
+SETTINGS = sorted(path for path in HERE.glob("**/.clang-tidy") if not path.is_relative_to(FOLDER))
+USING = re.compile(r"^\s*using [\w:]+;", re.MULTILINE)
 # Compiler options that clang does not know, and the launcher in front.
 UNKNOWN = {"-fno-gnu-unique", "-fprofile-update=atomic"}
 NOISE = re.compile(r"^\d+ warnings? (and \d+ errors? )?generated|^Suppressed|^Use -header|^$")
@@ -100,11 +100,14 @@ def run_tidy(file, command, *options):
 
 def in_one_text(batch, *options):
     name = hashlib.sha256(" ".join(source.path for source in batch).encode()).hexdigest()[:16]
-    unity = FOLDER / f"{name}.cpp"
+    unity = FOLDER / os.path.dirname(batch[0].path) / f"{name}.cpp"
+    unity.parent.mkdir(parents=True, exist_ok=True)
     unity.write_text("".join(f'#include "{HERE}/{source.path}"  // NOLINT(bugprone-suspicious-include)\n'
                              for source in batch), encoding="utf-8")
     try:
-        return run_tidy(unity, batch[0].command, *options)
+        # The analyzer looks at what is included only when it is told to.
+        command = [*batch[0].command, "-Xclang", "-analyzer-opt-analyze-headers"]
+        return run_tidy(unity, command, "--header-filter=.*", *options)
     finally:
         unity.unlink()
 
@@ -128,8 +131,14 @@ def parted(batch):
 def check(batch):
     """Whether all is clean, and what was found."""
     if len(batch) == 1:
-        return run_tidy(batch[0].path, batch[0].command, f"--header-filter={OURS}")
-    return in_one_text(batch, f"--header-filter={OURS}")
+        return run_tidy(batch[0].path, batch[0].command, "--header-filter=.*")
+    clean, told = in_one_text(batch)
+    # One check looks at the main file alone.
+    for source in batch:
+        if USING.search(pathlib.Path(source.path).read_text(encoding="utf-8")):
+            own, more = run_tidy(source.path, source.command, "--checks=-*,misc-unused-using-decls")
+            clean, told = clean and own, told + more
+    return clean, told
 
 
 def check_all(sources):
@@ -145,10 +154,19 @@ def batches_of(sources):
             yield group[start:start + BATCH]
 
 
+def copy_settings():
+    """A batch lies in a folder of its own sources' name, with that folder's settings; the rest it inherits."""
+    for path in SETTINGS:
+        folder = FOLDER / path.parent.relative_to(HERE)
+        folder.mkdir(parents=True, exist_ok=True)
+        if path.parent != HERE:
+            shutil.copyfile(path, folder / path.name)
+
+
 def main():
-    FOLDER.mkdir(parents=True, exist_ok=True)
+    copy_settings()
     version = subprocess.run(["clang-tidy", "--version"], check=True, capture_output=True).stdout
-    common = version + b"".join(path.read_bytes() for path in SETTINGS)
+    common = version + b"".join(path.read_bytes() for path in [pathlib.Path(__file__), *SETTINGS])
     noted = set(json.loads(CLEAN.read_text(encoding="utf-8"))) if CLEAN.exists() else set()
     sources = {source.path: source for build in sys.argv[1:] for source in sources_of(build)}
     states = {source.path: source.state(common) for source in sources.values()}
