@@ -26,7 +26,7 @@ protected:
     }
 };
 
-TEST_F(StockPanelScreen, ATradeFillsItsFieldsAndLeavesTheInquirys) {
+TEST_F(StockPanelScreen, TradeAndBookFillTheirFieldsAndLeaveTheInquirys) {
     std::string fields(Offset(56), '.');
     const auto expect = [&](int field, const std::string& text) {
         fields.replace(Offset(field), text.size(), text);
@@ -49,6 +49,9 @@ TEST_F(StockPanelScreen, ATradeFillsItsFieldsAndLeavesTheInquirys) {
     Trade trade = Trade("1ASII").Price(1019).Change('3', 20).Day(1001, 1000, 999).Best(1000, 1020);
     trade.Totals(123, 2147483647, 9876543210987).Lot(100).Volume(2).Brokers('F', 'F');
     EXPECT_EQ(After(trade), "P1" + fields);
+    expect(21, "1 " + Right("1005", 12) + "4 " + Right("995", 12) + Right("20", 15) + Right("10", 15));
+    expect(44, Right("200", 15) + Right("100", 15));
+    EXPECT_EQ(After(Book("1ASII")), "P1" + fields);
 }
 
 TEST_F(StockPanelScreen, WhatTheRangeDoesNotReachIsNotTaken) {
