@@ -22,7 +22,7 @@ HOME = ROOT / "build" / "mutants"
 FOLDERS = ("framework", "decoders")
 # Quick ones first: a change that one notices is not tried on the next. The long load and unload is left out.
 # These load the module, so that only it is built anew; the tests of its parts are linked with them.
-MODULE_TESTS = ("module_tests", "load_tests", "plain_tests", "reliability_tests")
+MODULE_TESTS = ("module_tests", "load_tests", "model_tests", "reliability_tests")
 PARTS_TESTS = ("parts_tests",)
 PROGRAMS = PARTS_TESTS + MODULE_TESTS
 ARGUMENTS = {"load_tests": ("--gtest_filter=-Load.Unload*",)}
