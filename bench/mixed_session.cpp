@@ -45,7 +45,7 @@ int main(int argc, char** argv) {
     try {
         const bench::Script script = ReadScript(argv[argc - 2], argv[argc - 1]);
         return bench::Ask(argc - 2, argv,
-                          {bench::Compare("a mixed session through all 21 maps times 10", 8, script)});
+                          {bench::Alone("a mixed session through all 21 maps times 10", script)});
     } catch (const tools::BadInput& error) {
         std::cerr << argv[0] << ": " << error.what() << "\n";
         return 2;

@@ -1,32 +1,24 @@
 // Order book in its plain form.
 #include <cstring>
-#include <string>
 
 #include "bench/plain/codecs.h"
-#include "bench/plain/factories.h"
+#include "bench/plain/framework.h"
 #include "bench/plain/rates.h"
-#include "framework/subscription_record.h"
-#include "host/services.h"
 #include "layouts/RSODER01.h"
 
 namespace plain {
 
-class CRSODER01 : public Decoder {
+class CRSODER01 : public Screen {
 public:
-    explicit CRSODER01(HWND window) : Decoder(window) {
+    explicit CRSODER01(HWND window) : Screen(window) {
         memset(m_Key, ' ', sizeof(m_Key));
         SetSlot(TradePacket::kType, sizeof(TradePacket), &CRSODER01::OnTradePacket);
         SetSlot(BookPacket::kType, sizeof(BookPacket), &CRSODER01::OnBookPacket);
-        const std::string path = std::string(CEnvMgr::GetDataDir()) + "\\EnvVar.ini";
-        m_bUseHogaRect =
-            static_cast<int32_t>(GetPrivateProfileIntA("USER_TABLE_HOGARECT", "USE", 1, path.c_str()));
     }
 
-    ~CRSODER01() override { DelTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantBook); }
-
     int Init(const char* buffer) override {
-        AllocOutput(TagOf(buffer), sizeof(BookDisplay) - sizeof(RequestTag));
-        Decoder::Init(buffer);
+        Begin(buffer);
+        AllocOutput(sizeof(BookDisplay) - sizeof(RequestTag));
         BookInit init;
         auto* display = reinterpret_cast<BookDisplay*>(m_pOutput);
         if (!ReadBytes(&init, sizeof(init)) ||
@@ -34,8 +26,6 @@ public:
             m_nInitRemain != 0) {
             return 0;
         }
-        char oldKey[sizeof(m_Key)];
-        memcpy(oldKey, m_Key, sizeof(m_Key));
         memcpy(m_Key, &init.Key, sizeof(m_Key));
         m_nCurPrice = -1;
         m_nBasePrice = -1;
@@ -43,21 +33,10 @@ public:
             ParseSide(display->Rows[i].Side1, m_Levels[i].Side1);
             ParseSide(display->Rows[i].Side2, m_Levels[i].Side2);
         }
-        AddTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantBook);
-        DelTrStcd(oldKey, sizeof(oldKey), kStockClass, kWantBook);
         return 1;
     }
 
-    void Release() override {
-        Decoder::Release();
-        DelTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantBook);
-        memset(m_Key, ' ', sizeof(m_Key));
-    }
-
     void EndUnpack() override {
-        if (m_bChanged == 0 || m_bStopped != 0) {
-            return;
-        }
         auto* display = reinterpret_cast<BookDisplay*>(m_pOutput);
         for (size_t i = 0; i < kBookRows; ++i) {
             BookRow& row = display->Rows[i];
@@ -68,7 +47,7 @@ public:
                 WritePriceTags(row.Side1, level.Side1.Price);
                 WritePriceTags(row.Side2, level.Side2.Price);
             }
-            if (m_bUseHogaRect != 0 && m_nCurPrice > 0) {
+            if (m_nCurPrice > 0) {
                 if (m_nCurPrice == level.Side1.Price) {
                     row.Side1.PriceTag[1] = kCurrentPrice;
                 } else if (m_nCurPrice == level.Side2.Price) {
@@ -84,7 +63,6 @@ public:
         ColorOf(-1, display->Rows[kBookTotals].Side1.QtyTag);
         ColorOf(1, display->Rows[kBookTotals].Side2.QtyTag);
         PostToView(nullptr, 0);
-        m_bChanged = 0;
     }
 
 private:
@@ -157,8 +135,7 @@ private:
 
     int OnTradePacket(const char* payload) {
         const auto& trade = *reinterpret_cast<const TradePacket*>(payload);
-        if (m_bUseHogaRect == 0 || memcmp(&trade.Key, m_Key, sizeof(m_Key)) != 0 ||
-            trade.Price == m_nCurPrice) {
+        if (memcmp(&trade.Key, m_Key, sizeof(m_Key)) != 0 || trade.Price == m_nCurPrice) {
             return 0;
         }
         if (m_nBasePrice <= 0) {
@@ -188,13 +165,12 @@ private:
     }
 
     char m_Key[sizeof(StockKey)];
-    int32_t m_bUseHogaRect;
     Level m_Levels[kBookRows] = {};
     int32_t m_nCurPrice = -1;
     int32_t m_nBasePrice = -1;
 };
 
-Decoder* NewCRSODER01(HWND window) {
+Screen* NewCRSODER01(HWND window) {
     return new CRSODER01(window);
 }
 

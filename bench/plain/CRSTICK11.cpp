@@ -2,26 +2,22 @@
 #include <cstring>
 
 #include "bench/plain/codecs.h"
-#include "bench/plain/factories.h"
+#include "bench/plain/framework.h"
 #include "bench/plain/waiting_rows.h"
-#include "framework/subscription_record.h"
 #include "layouts/RSTICK11.h"
 
 namespace plain {
 
-class CRSTICK11 : public Decoder {
+class CRSTICK11 : public Screen {
 public:
-    explicit CRSTICK11(HWND window) : Decoder(window) {
+    explicit CRSTICK11(HWND window) : Screen(window) {
         memset(m_Key, ' ', sizeof(m_Key));
         memset(&m_Head, ' ', sizeof(m_Head));
         SetSlot(TradePacket::kType, sizeof(TradePacket), &CRSTICK11::OnTradePacket);
     }
 
-    ~CRSTICK11() override { DelTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantTrades); }
-
     int Init(const char* buffer) override {
-        m_Tag = TagOf(buffer);
-        Decoder::Init(buffer);
+        Begin(buffer);
         char key[sizeof(m_Key)];
         RepeatHead block;
         TickRow row;
@@ -36,35 +32,20 @@ public:
             GetLocalTime(&now);
             LongToAscii(now.wYear * 10000 + now.wMonth * 100 + now.wDay, m_Date, sizeof(m_Date));
         }
-        char oldKey[sizeof(m_Key)];
-        memcpy(oldKey, m_Key, sizeof(m_Key));
         memcpy(m_Key, key, sizeof(m_Key));
         m_Ticks.Clear();
         m_Head.Period = kTickList;
         m_Head.RowAction = kAppendRow;
-        AddTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantTrades);
-        DelTrStcd(oldKey, sizeof(oldKey), kStockClass, kWantTrades);
         return 1;
     }
 
-    void Release() override {
-        Decoder::Release();
-        DelTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantTrades);
-        memset(m_Key, ' ', sizeof(m_Key));
-    }
-
     void EndUnpack() override {
-        if (m_bChanged == 0 || m_bStopped != 0) {
-            return;
-        }
         if (m_Ticks.Count() > 0) {
-            char* buffer =
-                NewRowsBuffer(m_Tag, offsetof(HeadedRows, Repeat), m_Ticks.Count(), sizeof(TickRow));
+            char* buffer = NewRowsBuffer(offsetof(HeadedRows, Repeat), m_Ticks.Count(), sizeof(TickRow));
             memcpy(buffer + offsetof(HeadedRows, Head), &m_Head, sizeof(m_Head));
             char* end = m_Ticks.MoveTo(buffer + sizeof(HeadedRows));
             PostToView(buffer, static_cast<int>(end - buffer) - static_cast<int>(sizeof(m_Tag)));
         }
-        m_bChanged = 0;
     }
 
 private:
@@ -84,13 +65,12 @@ private:
     }
 
     char m_Key[sizeof(StockKey)];
-    RequestTag m_Tag{};
     char m_Date[8];
     DisplayHead m_Head;
     WaitingRows<TickRow> m_Ticks;
 };
 
-Decoder* NewCRSTICK11(HWND window) {
+Screen* NewCRSTICK11(HWND window) {
     return new CRSTICK11(window);
 }
 

@@ -2,25 +2,22 @@
 #include <cstring>
 
 #include "bench/plain/codecs.h"
-#include "bench/plain/factories.h"
 #include "bench/plain/field_record.h"
-#include "framework/subscription_record.h"
+#include "bench/plain/framework.h"
 #include "layouts/RSTRDE01.h"
 
 namespace plain {
 
-class CRSTRDE01 : public Decoder {
+class CRSTRDE01 : public Screen {
 public:
-    explicit CRSTRDE01(HWND window) : Decoder(window), m_Fields(kStockPanel) {
+    explicit CRSTRDE01(HWND window) : Screen(window), m_Fields(kStockPanel) {
         memset(m_Key, ' ', sizeof(m_Key));
         SetSlot(TradePacket::kType, sizeof(TradePacket), &CRSTRDE01::OnTradePacket);
         SetSlot(BookPacket::kType, sizeof(BookPacket), &CRSTRDE01::OnBookPacket);
     }
 
-    ~CRSTRDE01() override { DelTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantTrades | kWantBook); }
-
     int Init(const char* buffer) override {
-        Decoder::Init(buffer);
+        Begin(buffer);
         StockPanelInit init;
         if (!ReadBytes(&init, sizeof(init))) {
             return 0;
@@ -34,34 +31,20 @@ public:
         if (m_nInitRemain != length) {
             return 0;
         }
-        AllocOutput(TagOf(buffer), length);
+        AllocOutput(length);
         m_nFromField = from;
         m_nToField = to;
-        char oldKey[sizeof(m_Key)];
-        memcpy(oldKey, m_Key, sizeof(m_Key));
         memcpy(m_Key, &init.Key, sizeof(m_Key));
         m_Fields.Clear();
         ReadBytes(m_Fields.Tag(from), length);
         const bool hasBase = from <= Field::BasePrice && Field::BasePrice <= to;
         m_nBasePrice = hasBase ? m_Fields.ReadLong(Field::BasePrice) : 0;
-        AddTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantTrades | kWantBook);
-        DelTrStcd(oldKey, sizeof(oldKey), kStockClass, kWantTrades | kWantBook);
         return 1;
     }
 
-    void Release() override {
-        Decoder::Release();
-        DelTrStcd(m_Key, sizeof(m_Key), kStockClass, kWantTrades | kWantBook);
-        memset(m_Key, ' ', sizeof(m_Key));
-    }
-
     void EndUnpack() override {
-        if (m_bChanged != 0 && m_bStopped == 0) {
-            memcpy(m_pOutput + sizeof(RequestTag), m_Fields.Tag(m_nFromField),
-                   static_cast<size_t>(m_nOutputLen));
-            PostToView(nullptr, 0);
-            m_bChanged = 0;
-        }
+        memcpy(m_pOutput + sizeof(RequestTag), m_Fields.Tag(m_nFromField), static_cast<size_t>(m_nOutputLen));
+        PostToView(nullptr, 0);
     }
 
 private:
@@ -148,7 +131,7 @@ private:
     int m_nToField = -1;
 };
 
-Decoder* NewCRSTRDE01(HWND window) {
+Screen* NewCRSTRDE01(HWND window) {
     return new CRSTRDE01(window);
 }
 

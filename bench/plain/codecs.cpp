@@ -26,14 +26,6 @@ void ColorOf(int direction, char* dst) {
     dst[1] = ' ';
 }
 
-void ClassColor(char brokerClass, char* dst) {
-    if (brokerClass == 'F') {
-        ColorOf(-1, dst);
-    } else if (brokerClass == 'D') {
-        ColorOf(1, dst);
-    }
-}
-
 int32_t AsciiToLong(const char* src, int n) {
     return static_cast<int32_t>(std::clamp<int64_t>(AsciiToInt64(src, n), INT32_MIN, INT32_MAX));
 }
@@ -69,24 +61,6 @@ void DoubleToAscii(double value, char* dst, int len, int dec) {
         text[len - 1] = '0';
     }
     memcpy(dst, text, static_cast<size_t>(len));
-}
-
-void CopyRightAligned(char* dst, const char* src, int dstLen, int srcLen) {
-    if (dstLen > srcLen) {
-        const int blanks = dstLen - srcLen;
-        memset(dst, ' ', static_cast<size_t>(blanks));
-        strncpy(dst + blanks, src, static_cast<size_t>(srcLen));
-    } else {
-        strncpy(dst, src + srcLen - dstLen, static_cast<size_t>(dstLen));
-    }
-}
-
-std::string Trimmed(const char* src, int n) {
-    std::string text(src, static_cast<size_t>(n));
-    while (!text.empty() && text.back() == ' ') {
-        text.pop_back();
-    }
-    return text;
 }
 
 }  // namespace plain

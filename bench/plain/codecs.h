@@ -5,7 +5,6 @@
 #define TICKMUX_BENCH_PLAIN_CODECS_H
 
 #include <cstdint>
-#include <string>
 
 namespace plain {
 
@@ -15,9 +14,6 @@ int SignToColor(char* dst, char sign);
 // The colour tag of a direction.
 void ColorOf(int direction, char* dst);
 
-// The colour tag of a broker's class; any other than 'F' and 'D' leaves it as it is.
-void ClassColor(char brokerClass, char* dst);
-
 // Numbers beyond 32 or 64 bits give the nearest end of the range.
 int32_t AsciiToLong(const char* src, int n);
 int64_t AsciiToInt64(const char* src, int n);
@@ -26,12 +22,6 @@ double AsciiToDouble(const char* src, int n);
 void LongToAscii(int32_t value, char* dst, int len);
 void Int64ToAscii(int64_t value, char* dst, int len);
 void DoubleToAscii(double value, char* dst, int len, int dec);
-
-// A longer source loses its head; a zero byte ends the copying, and zero bytes fill the rest.
-void CopyRightAligned(char* dst, const char* src, int dstLen, int srcLen);
-
-// The text of a field without the blanks behind it.
-std::string Trimmed(const char* src, int n);
 
 }  // namespace plain
 

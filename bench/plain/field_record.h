@@ -35,7 +35,6 @@ public:
     int32_t ReadLong(int number) { return AsciiToLong(Value(number), Width(number)); }
     double ReadDouble(int number) { return AsciiToDouble(Value(number), Width(number)); }
     void WriteLong(int number, int32_t value) { LongToAscii(value, Value(number), Width(number)); }
-    void WriteInt64(int number, int64_t value) { Int64ToAscii(value, Value(number), Width(number)); }
     void WriteDouble(int number, double value, int dec) {
         DoubleToAscii(value, Value(number), Width(number), dec);
     }

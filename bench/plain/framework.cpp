@@ -4,11 +4,7 @@
 #include <cstring>
 
 #include "bench/plain/codecs.h"
-#include "bench/plain/factories.h"
-#include "framework/guard.h"
-#include "framework/subscription_record.h"
 #include "framework/tickmux.h"
-#include "host/services.h"
 
 namespace plain {
 
@@ -40,81 +36,24 @@ bool TakeViewItem(void* queue, char** data, int* length) {
     return true;
 }
 
-// ------------------------------------------------------------------ subscriptions
+// ------------------------------------------------------------------ screen
 
-static void SendCode(int operation, const char* code, int codeLen, char chClass, uint32_t flags) {
-    static const bool enabled = strncmp(CQelData21::GetUserGrade(), "999", 3) != 0;
-    tagRTMTRSTCDINFO record;
-    memset(record.szCode, ' ', sizeof(record.szCode));
-    if (memcmp(code, record.szCode, static_cast<size_t>(codeLen)) == 0) {
-        return;
-    }
-    record.nOperation = operation;
-    record.chClass = chClass;
-    memcpy(record.szCode, code, static_cast<size_t>(codeLen));
-    record.nCodeLen = codeLen;
-    record.dwFlags = flags;
-    HWND manager = CQelData21::GetComMgrHwnd(-1);
-    if (enabled && manager != nullptr) {
-        COPYDATASTRUCT data = {TICKMUX_COPYDATA_SUBSCRIPTION, sizeof(record), &record};
-        SendMessageA(manager, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
-    }
-}
-
-void AddTrStcd(const char* code, int codeLen, char chClass, uint32_t flags) {
-    SendCode(kAddCode, code, codeLen, chClass, flags);
-}
-
-void DelTrStcd(const char* code, int codeLen, char chClass, uint32_t flags) {
-    SendCode(kDeleteCode, code, codeLen, chClass, flags);
-}
-
-// ------------------------------------------------------------------ decoder
-
-Decoder::Decoder(HWND window) : m_hWnd(window) {}
-
-Decoder::~Decoder() {
+Screen::~Screen() {
     delete[] m_pOutput;
-    ClearViewQueue();
-}
-
-int Decoder::Init(const char* buffer) {
-    m_pInit = buffer + sizeof(RequestTag);
-    m_nInitRemain = static_cast<int>(strlen(buffer)) - static_cast<int>(sizeof(RequestTag));
-    m_bStopped = 0;
-    return 1;
-}
-
-void Decoder::Stop() {
-    m_bActive = 0;
-    m_bChanged = 0;
-    m_bStopped = 1;
-}
-
-void Decoder::Release() {
-    m_bActive = 0;
-    m_bChanged = 0;
-}
-
-int Decoder::PutPacket(const char* packet, int length) {
-    const int index = *packet - kFirstPacketType;
-    if (index < 0 || index >= kPacketTypes || m_Slots[index].Length != length - 1) {
-        return 0;
-    }
-    if (m_Slots[index].OnPacket != nullptr && m_bStopped == 0) {
-        m_bChanged |= (this->*m_Slots[index].OnPacket)(packet + 1);
-    }
-    return 1;
-}
-
-void Decoder::EndUnpack() {
-    if (m_bChanged != 0 && m_bStopped == 0) {
-        PostToView(nullptr, 0);
-        m_bChanged = 0;
+    while (ViewItem* item = m_ViewQueue.RemoveHead()) {
+        delete[] item->pData;
+        delete item;
     }
 }
 
-std::string Decoder::GetPacketTypes() const {
+void Screen::PutPacket(const char* packet, int length) {
+    const Slot& slot = m_Slots[*packet - kFirstPacketType];
+    if (slot.Length == length - 1 && slot.OnPacket != nullptr) {
+        m_bChanged |= (this->*slot.OnPacket)(packet + 1);
+    }
+}
+
+std::string Screen::GetPacketTypes() const {
     std::string types;
     for (int index = 0; index < kPacketTypes; ++index) {
         if (m_Slots[index].OnPacket != nullptr) {
@@ -124,20 +63,13 @@ std::string Decoder::GetPacketTypes() const {
     return types;
 }
 
-void Decoder::ClearViewQueue() {
-    while (ViewItem* item = m_ViewQueue.RemoveHead()) {
-        delete[] item->pData;
-        delete item;
-    }
+void Screen::Begin(const char* buffer) {
+    m_pInit = buffer;
+    m_nInitRemain = static_cast<int>(strlen(buffer));
+    ReadBytes(&m_Tag, sizeof(m_Tag));
 }
 
-RequestTag Decoder::TagOf(const char* buffer) {
-    RequestTag tag = {};
-    memcpy(&tag, buffer, std::min(strlen(buffer), sizeof(tag)));
-    return tag;
-}
-
-bool Decoder::ReadBytes(void* dst, int n) {
+bool Screen::ReadBytes(void* dst, int n) {
     if (m_nInitRemain < n) {
         return false;
     }
@@ -147,35 +79,24 @@ bool Decoder::ReadBytes(void* dst, int n) {
     return true;
 }
 
-bool Decoder::ReadRepeatBlock(RepeatHead* head, void* rows, int rowSize, int maxCount) {
+bool Screen::ReadRepeatBlock(RepeatHead* head, void* rows, int rowSize, int maxCount) {
     memset(rows, ' ', static_cast<size_t>(rowSize) * static_cast<size_t>(maxCount));
-    if (!ReadBytes(head, sizeof(*head))) {
+    if (!ReadBytes(head, sizeof(*head)) || AsciiToLong(head->Size, sizeof(head->Size)) != rowSize) {
         return false;
     }
     const int count = std::min(AsciiToLong(head->Count, sizeof(head->Count)), maxCount);
-    const int size = AsciiToLong(head->Size, sizeof(head->Size));
-    for (int i = 0; i < count; ++i) {
-        if (size < 0 || m_nInitRemain < size) {
-            m_nInitRemain = 0;
-            return false;
-        }
-        memcpy(static_cast<char*>(rows) + static_cast<ptrdiff_t>(i) * rowSize, m_pInit,
-               static_cast<size_t>(std::min(size, rowSize)));
-        m_pInit += size;
-        m_nInitRemain -= size;
-    }
-    return true;
+    return ReadBytes(rows, std::max(count, 0) * rowSize);
 }
 
-void Decoder::AllocOutput(const RequestTag& tag, int bodyLen) {
+void Screen::AllocOutput(int bodyLen) {
     delete[] m_pOutput;
     m_nOutputLen = bodyLen;
-    m_pOutput = new char[sizeof(tag) + static_cast<size_t>(bodyLen)];
-    memset(m_pOutput, ' ', sizeof(tag) + static_cast<size_t>(bodyLen));
-    memcpy(m_pOutput, &tag, sizeof(tag));
+    m_pOutput = new char[sizeof(m_Tag) + static_cast<size_t>(bodyLen)];
+    memset(m_pOutput, ' ', sizeof(m_Tag) + static_cast<size_t>(bodyLen));
+    memcpy(m_pOutput, &m_Tag, sizeof(m_Tag));
 }
 
-void Decoder::PostToView(char* buffer, int length) {
+void Screen::PostToView(char* buffer, int length) {
     if (IsWindow(m_hWnd) == FALSE) {
         delete[] buffer;
         return;
@@ -194,23 +115,11 @@ void Decoder::PostToView(char* buffer, int length) {
     SendNotifyMessageA(m_hWnd, WM_TICKMUX_VIEW, reinterpret_cast<WPARAM>(&m_ViewQueue), 0);
 }
 
-void Decoder::SendListChanged() {
-    if (IsWindow(m_hWnd) != FALSE) {
-        SendNotifyMessageA(m_hWnd, WM_TICKMUX_LIST, 0, 0);
-    }
-}
-
-void Decoder::PostListChanged() {
-    if (IsWindow(m_hWnd) != FALSE) {
-        PostMessageA(m_hWnd, WM_TICKMUX_LIST, 0, 0);
-    }
-}
-
-char* NewRowsBuffer(const RequestTag& tag, int headAt, int rows, int rowSize) {
+char* Screen::NewRowsBuffer(int headAt, int rows, int rowSize) const {
     const int size = headAt + static_cast<int>(sizeof(RepeatHead)) + rows * rowSize;
     auto* buffer = new char[static_cast<size_t>(size)];
     memset(buffer, ' ', static_cast<size_t>(size));
-    memcpy(buffer, &tag, sizeof(tag));
+    memcpy(buffer, &m_Tag, sizeof(m_Tag));
     auto* head = reinterpret_cast<RepeatHead*>(buffer + headAt);
     LongToAscii(rows, head->Count, sizeof(head->Count));
     LongToAscii(rowSize, head->Size, sizeof(head->Size));
@@ -219,86 +128,58 @@ char* NewRowsBuffer(const RequestTag& tag, int headAt, int rows, int rowSize) {
 
 // ------------------------------------------------------------------ module
 
-static Decoder* DecoderOf(Module::Handle handle) {
-    return reinterpret_cast<Decoder*>(handle);
-}
-
-Module::~Module() {
-    while (!m_Maps.empty()) {
-        UnregistMap(reinterpret_cast<Handle>(m_Maps.front()));
-    }
+static Screen* NewScreen(HWND window, const std::string& map) {
+    return map == "RSITST01_R"   ? NewCRSITST01(window)
+           : map == "RSODER01_R" ? NewCRSODER01(window)
+           : map == "RSTICK11_R" ? NewCRSTICK11(window)
+           : map == "RSTRDE01_R" ? NewCRSTRDE01(window)
+                                 : nullptr;
 }
 
 Module::Handle Module::RegistMap(HWND window, const char* mapName) {
-    Decoder* decoder = CreateDecoder(window, mapName);
-    if (decoder == nullptr) {
-        return 0;
+    Screen* screen = NewScreen(window, mapName);
+    if (screen != nullptr) {
+        m_Screens.push_back(screen);
+        for (const char type : screen->GetPacketTypes()) {
+            m_TypeLists[type - kFirstPacketType].push_back(screen);
+        }
     }
-    for (const char type : decoder->GetPacketTypes()) {
-        m_TypeLists[type - kFirstPacketType].push_back(decoder);
-    }
-    const MutexGuard guard(m_MutexName.c_str());
-    m_Maps.push_back(decoder);
-    return reinterpret_cast<Handle>(decoder);
+    return reinterpret_cast<Handle>(screen);
 }
 
-int Module::UnregistMap(Handle handle) {
-    if (handle == 0) {
-        return -1;
+void Module::UnregistMap(Handle handle) {
+    auto* screen = reinterpret_cast<Screen*>(handle);
+    m_Screens.remove(screen);
+    for (const char type : screen->GetPacketTypes()) {
+        m_TypeLists[type - kFirstPacketType].remove(screen);
     }
-    const MutexGuard guard(m_MutexName.c_str());
-    Decoder* decoder = DecoderOf(handle);
-    for (const char type : decoder->GetPacketTypes()) {
-        m_TypeLists[type - kFirstPacketType].remove(decoder);
-    }
-    m_Maps.remove(decoder);
-    delete decoder;
-    return 1;
+    delete screen;
 }
 
 int Module::InitMap(Handle handle, const char* buffer) {
-    const MutexGuard guard(m_MutexName.c_str());
-    Decoder* decoder = DecoderOf(handle);
-    decoder->ClearViewQueue();
-    decoder->m_bActive = decoder->Init(buffer);
-    return decoder->m_bActive;
+    auto* screen = reinterpret_cast<Screen*>(handle);
+    screen->m_bActive = screen->Init(buffer);
+    return screen->m_bActive;
 }
 
-int Module::StopMap(Handle handle) {
-    if (handle == 0) {
-        return 0;
-    }
-    const MutexGuard guard(m_MutexName.c_str());
-    DecoderOf(handle)->ClearViewQueue();
-    DecoderOf(handle)->Stop();
-    return 1;
-}
-
-int Module::ReleaseMap(Handle handle) {
-    if (handle == 0) {
-        return 0;
-    }
-    const MutexGuard guard(m_MutexName.c_str());
-    DecoderOf(handle)->ClearViewQueue();
-    DecoderOf(handle)->Release();
-    return 1;
-}
-
-int Module::PutRTMPacketToDecoder(const char* packet, int length) {
+void Module::PutRTMPacketToDecoder(const char* packet, int length) {
     const int index = *packet - kFirstPacketType;
-    if (index >= 0 && index < kPacketTypes) {
-        for (Decoder* decoder : m_TypeLists[index]) {
-            if (decoder->m_bActive != 0) {
-                decoder->PutPacket(packet, length);
-            }
+    if (index < 0 || index >= kPacketTypes) {
+        return;
+    }
+    for (Screen* screen : m_TypeLists[index]) {
+        if (screen->m_bActive != 0) {
+            screen->PutPacket(packet, length);
         }
     }
-    return 1;
 }
 
 void Module::EndRTMUnpackToDecoder() {
-    for (Decoder* decoder : m_Maps) {
-        decoder->EndUnpack();
+    for (Screen* screen : m_Screens) {
+        if (screen->m_bChanged != 0) {
+            screen->EndUnpack();
+            screen->m_bChanged = 0;
+        }
     }
 }
 

@@ -1,5 +1,6 @@
-// The framework of the module in its plain form: a decoder base with a table of member functions, and a
-// manager with a linked list of decoders for each packet type. What a host sees is the module's own.
+// The way of a packet as one writes it first: screens with a table of member functions, a linked list of them
+// for each packet type, and queues of buffers that windows are told of. Screens are opened, fed and closed;
+// they ask nobody for packets.
 #ifndef TICKMUX_BENCH_PLAIN_FRAMEWORK_H
 #define TICKMUX_BENCH_PLAIN_FRAMEWORK_H
 
@@ -33,52 +34,45 @@ private:
 // For the window: one item off the queue of a message. False: it is empty. The data is freed with delete[].
 bool TakeViewItem(void* queue, char** data, int* length);
 
-void AddTrStcd(const char* code, int codeLen, char chClass, uint32_t flags);
-void DelTrStcd(const char* code, int codeLen, char chClass, uint32_t flags);
-
-class Decoder {
+class Screen {
 public:
-    explicit Decoder(HWND window);
-    virtual ~Decoder();
-    Decoder(const Decoder&) = delete;
-    Decoder& operator=(const Decoder&) = delete;
+    explicit Screen(HWND window) : m_hWnd(window) {}
+    virtual ~Screen();
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
 
-    virtual int Init(const char* buffer);
-    virtual void Stop();
-    virtual void Release();
-    virtual int PutPacket(const char* packet, int length);
-    virtual void EndUnpack();
+    virtual int Init(const char* buffer) = 0;
+    void PutPacket(const char* packet, int length);
+    virtual void EndUnpack() = 0;  // of a batch with changes
 
     std::string GetPacketTypes() const;
-    void ClearViewQueue();
 
     int m_bActive = 0;
+    int m_bChanged = 0;
 
 protected:
-    using Handler = int (Decoder::*)(const char* payload);
+    using Handler = int (Screen::*)(const char* payload);
 
     template <class Derived>
     void SetSlot(char type, int length, int (Derived::*handler)(const char* payload)) {
         m_Slots[type - kFirstPacketType] = {length, static_cast<Handler>(handler)};
     }
 
-    // The head of an Init text; zero bytes where it is shorter.
-    static RequestTag TagOf(const char* buffer);
-    // Both read on from where the base Init has begun: behind the tag.
+    // Takes the request tag; what follows is read on from there.
+    void Begin(const char* buffer);
     bool ReadBytes(void* dst, int n);
-    // The head, and the first `maxCount` rows behind it; a row that does not come, or not whole, has spaces.
+    // The head, and the first `maxCount` rows behind it; a row that does not come has spaces.
     bool ReadRepeatBlock(RepeatHead* head, void* rows, int rowSize, int maxCount);
 
-    void AllocOutput(const RequestTag& tag, int bodyLen);
+    void AllocOutput(int bodyLen);
 
     // The buffer, with its tag, becomes the queue's; `length` is that of the body. A null buffer sends a copy
     // of the output.
     void PostToView(char* buffer, int length);
-    void SendListChanged();
-    void PostListChanged();
+    // A view buffer of spaces with the tag and, at `headAt`, a repeat head with room for the rows behind it.
+    char* NewRowsBuffer(int headAt, int rows, int rowSize) const;
 
-    int m_bStopped = 1;
-    int m_bChanged = 0;
+    RequestTag m_Tag{};
     const char* m_pInit = nullptr;  // what the Init text has not yet given
     int m_nInitRemain = 0;
     char* m_pOutput = nullptr;  // request tag, then the body
@@ -95,33 +89,24 @@ private:
     ViewQueue m_ViewQueue;
 };
 
-// A view buffer of spaces with the tag at its head and, at `headAt`, a repeat head with room for the rows
-// behind it.
-char* NewRowsBuffer(const RequestTag& tag, int headAt, int rows, int rowSize);
+Screen* NewCRSITST01(HWND window);
+Screen* NewCRSODER01(HWND window);
+Screen* NewCRSTICK11(HWND window);
+Screen* NewCRSTRDE01(HWND window);
 
 class Module {
 public:
     using Handle = uintptr_t;
 
-    Module() = default;
-    ~Module();
-    Module(const Module&) = delete;
-    Module& operator=(const Module&) = delete;
-
-    void SetMutexNameToDecoder(const char* name) { m_MutexName = name; }
-
     Handle RegistMap(HWND window, const char* mapName);
-    int UnregistMap(Handle handle);
+    void UnregistMap(Handle handle);
     int InitMap(Handle handle, const char* buffer);
-    int StopMap(Handle handle);
-    int ReleaseMap(Handle handle);
-    int PutRTMPacketToDecoder(const char* packet, int length);
+    void PutRTMPacketToDecoder(const char* packet, int length);
     void EndRTMUnpackToDecoder();
 
 private:
-    std::string m_MutexName;
-    std::list<Decoder*> m_Maps;
-    std::list<Decoder*> m_TypeLists[kPacketTypes];
+    std::list<Screen*> m_Screens;
+    std::list<Screen*> m_TypeLists[kPacketTypes];
 };
 
 }  // namespace plain

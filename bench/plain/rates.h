@@ -6,17 +6,11 @@
 
 namespace plain {
 
-inline int32_t Sum32(int32_t a, int32_t b) {
-    return static_cast<int32_t>(int64_t{a} + b);
-}
 inline int32_t Difference32(int32_t a, int32_t b) {
     return static_cast<int32_t>(int64_t{a} - b);
 }
 inline int32_t Product32(int32_t a, int32_t b) {
     return static_cast<int32_t>(int64_t{a} * b);
-}
-inline int64_t Product64(int64_t a, int64_t b) {
-    return static_cast<int64_t>(static_cast<uint64_t>(a) * static_cast<uint64_t>(b));
 }
 
 // What a packet's value was before its change, a magnitude with a direction.

@@ -10,8 +10,6 @@ struct PlainForm {
     uintptr_t Regist(HWND window, const char* map) { return Module.RegistMap(window, map); }
     void Unregist(uintptr_t map) { Module.UnregistMap(map); }
     int Init(uintptr_t map, const std::string& text) { return Module.InitMap(map, text.c_str()); }
-    void Stop(uintptr_t map) { Module.StopMap(map); }
-    void Release(uintptr_t map) { Module.ReleaseMap(map); }
     void Put(const std::string& packet) {
         Module.PutRTMPacketToDecoder(packet.data(), static_cast<int>(packet.size()));
     }

@@ -35,7 +35,9 @@ int Ask(int argc, char** argv, const std::vector<Question>& questions) {
         return 2;
     }
     for (const Question& question : questions) {
-        Register(question.What + "/plain", question, question.Plain);
+        if (question.Plain) {
+            Register(question.What + "/plain", question, question.Plain);
+        }
         Register(question.What + "/module", question, question.Module);
         if (question.Floor) {
             Register(question.What + "/floor", question, question.Floor);

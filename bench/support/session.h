@@ -143,20 +143,26 @@ private:
     CRtmPtrList m_Queue;
 };
 
-// The script as a question; nothing is asked before both forms have sent the same, byte for byte. The floor
-// is the sending alone.
-inline Question Compare(const std::string& what, double aim, const Script& script) {
-    auto plainForm = std::make_shared<Session<PlainForm>>(script);
+// The script as a question of the module alone. The floor is the sending alone.
+inline Question Alone(const std::string& what, const Script& script) {
     auto module = std::make_shared<Session<ModuleForm>>(script);
-    const Buffers sent = module->Sent();
-    if (plainForm->Sent() != sent) {
-        Differ(what);
-    }
-    Question question{what, aim, static_cast<int64_t>(script.Feed.size()), [plainForm] { plainForm->Pass(); },
+    Question question{what, 0, static_cast<int64_t>(script.Feed.size()), nullptr,
                       [module] { module->Pass(); }};
-    if (!sent.empty()) {
+    if (const Buffers sent = module->Sent(); !sent.empty()) {
         question.Floor = [sending = std::make_shared<Sending>(sent)] { sending->Pass(); };
     }
+    return question;
+}
+
+// The same beside the plain form; nothing is asked before both have sent the same, byte for byte.
+inline Question Compare(const std::string& what, double aim, const Script& script) {
+    auto plainForm = std::make_shared<Session<PlainForm>>(script);
+    if (plainForm->Sent() != Session<ModuleForm>(script).Sent()) {
+        Differ(what);
+    }
+    Question question = Alone(what, script);
+    question.Aim = aim;
+    question.Plain = [plainForm] { plainForm->Pass(); };
     return question;
 }
 
