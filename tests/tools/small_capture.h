@@ -5,8 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <optional>
-#include <sstream>
+#include <regex>
 #include <string>
 
 #include "tests/tools/tool_runs.h"
@@ -17,9 +16,9 @@ class SmallCapture : public testing::Test {
 protected:
     template <class Packet>
     void Write(const tools::WholePacket<Packet>& packet) {
-        m_Writer->Packet(Now, &packet, sizeof(packet));
+        m_Writer.Packet(Now, &packet, sizeof(packet));
     }
-    void Write(const std::string& bytes) { m_Writer->Packet(Now, bytes.data(), bytes.size()); }
+    void Write(const std::string& bytes) { m_Writer.Packet(Now, bytes.data(), bytes.size()); }
     void Trade(int32_t price, int32_t volume) {
         Asii.Price = price;
         Asii.TradeCount += 1;
@@ -29,30 +28,21 @@ protected:
         Write(tools::MakeTrade(deal, Now));
         Write(tools::MakeCompactTrade(deal, Now));
     }
-    void EndBatch() { m_Writer->BatchEnd(Now); }
+    void EndBatch() { m_Writer.BatchEnd(Now); }
 
     // Beside the workspace.
     std::string File(const std::string& name, const std::string& content) const {
         return m_Folder.Write(name, content);
     }
 
-    // The images.
+    // The images. Once a test.
     std::string Replay(const std::string& options, const std::string& workspace) {
-        if (m_Writer) {
-            m_Writer->Close();
-            m_Writer.reset();
-        }
+        m_Writer.Close();
         const Outcome outcome = RunTool(
             "tickreplay", options + " " + m_Folder.Write("w", workspace) + " " + m_Folder.Path("p.pcap"));
         EXPECT_EQ(outcome.Status, 0);
         const std::size_t end = outcome.Text.find("Summary\n");
-        Summary.clear();
-        std::istringstream lines(outcome.Text.substr(end));
-        for (std::string line; std::getline(lines, line);) {
-            if (!line.starts_with("  seconds:") && !line.starts_with("  packets/s:")) {
-                Summary += line + "\n";
-            }
-        }
+        Summary = std::regex_replace(outcome.Text.substr(end), std::regex("  (seconds|packets/s):.*\n"), "");
         return outcome.Text.substr(0, end);
     }
 
@@ -62,7 +52,7 @@ protected:
 
 private:
     const ScratchFolder m_Folder;
-    std::optional<tools::CaptureWriter> m_Writer{m_Folder.Path("p.pcap")};
+    tools::CaptureWriter m_Writer{m_Folder.Path("p.pcap")};
 };
 
 #endif
