@@ -112,7 +112,8 @@ struct BoardKind {
 // And its key index. Many keys differ at one end alone, and some are listed twice.
 TEST(Containers, RowBoardFindsTheFirstOfAKeyAndSendsWhatChangedInOrder) {
     const auto anyKey = [] { return Left(std::to_string(Any(30)), 10) + std::to_string(Any(9)); };
-    RowBoard<BoardKind> board;
+    using Board = RowBoard<BoardKind>;
+    Board board;
     for (int inquiry = 0; inquiry < 300; ++inquiry) {
         std::string text;
         std::map<std::string, int> places;
@@ -129,8 +130,8 @@ TEST(Containers, RowBoardFindsTheFirstOfAKeyAndSendsWhatChangedInOrder) {
             for (int packets = Any(20); packets > 0; --packets) {
                 const std::string key = anyKey();
                 const int place = board.Find(reinterpret_cast<const StockKey&>(key[0]));
-                ASSERT_EQ(place, places.contains(key) ? places[key] : board.kNowhere);
-                if (place != board.kNowhere) {
+                ASSERT_EQ(place, places.contains(key) ? places[key] : Board::kNowhere);
+                if (place != Board::kNowhere) {
                     changed.insert(place);
                     board.Touch(place);
                 }
