@@ -1,14 +1,12 @@
 #include "decoders/CRSNOCH21.h"
 
 #include <cstring>
+#include <utility>
 
 #include "decoders/OrderLog.h"
+#include "framework/init_reader.h"
 
 namespace {
-
-constexpr NoticeRoute kRoutes[] = {
-    {kAny, kRefused, kAny, kAny, kNoEvent, U"", Route::Dropped},
-};
 
 // What the acceptance of an order that has a row does to it, by the row's word; the first that fits counts.
 enum class Effect { Nothing, Remove, KindWord };
@@ -20,12 +18,11 @@ struct AcceptanceRule {
 };
 
 constexpr AcceptanceRule kAcceptanceRules[] = {
-    {U"정", 0, Effect::Nothing},    // an amendment's words
-    {U"체결", 0, Effect::Nothing},  // being filled, or filled
-    {kCancelConfirmed, 0, Effect::Remove},
-    {U"취", 0, Effect::KindWord},  // other words of a cancellation
-    {U"거부", 4, Effect::Remove},  // refused, whatever was
-    {U"", 0, Effect::KindWord},
+    {U"정", 0, Effect::Nothing},                                          // an amendment's words
+    {U"체결", 0, Effect::Nothing},                                        // being filled, or filled
+    {kCancelConfirmed, 0, Effect::Remove}, {U"취", 0, Effect::KindWord},  // other words of a cancellation
+    {U"거부", 4, Effect::Remove},                                         // refused, whatever was
+    {kBlankWord, 0, Effect::KindWord},
 };
 
 Effect EffectOfAcceptance(const OrderRow& row) {
@@ -36,9 +33,15 @@ Effect EffectOfAcceptance(const OrderRow& row) {
     return rule->What;
 }
 
+void WriteLog(ViewBuffer& message) {
+    constexpr Word kTag = U"EndRTMUnpack에서";
+    WriteLogLine("RSNOCH21.txt", kTag.Text(),
+                 {message.Bytes(), static_cast<std::size_t>(message.BodyLength())});
+}
+
 }  // namespace
 
-CRSNOCH21::CRSNOCH21(HWND hWnd) : AnsweredOrders(hWnd, Takes<&CRSNOCH21::OnOrderPacket>) {}
+CRSNOCH21::CRSNOCH21(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRSNOCH21::OnOrderPacket>) {}
 
 int CRSNOCH21::Init(const char* buffer) {
     CRTMPacketDecoder::Init(buffer);
@@ -53,24 +56,57 @@ int CRSNOCH21::Init(const char* buffer) {
         return 0;
     }
     Put(m_UserField, init.UserField);
-    // Without rows those of an earlier inquiry stay.
-    return count == 0 || TakeRows(in, count) ? 1 : 0;
+    if (count == 0) {
+        return 1;  // the rows of an earlier inquiry stay
+    }
+    ClearOrders();
+    return m_Rows.ReadRows(in, count) ? 1 : 0;
 }
+
+void CRSNOCH21::Stop() {
+    CRTMPacketDecoder::Stop();
+    ClearOrders();
+}
+
+void CRSNOCH21::Release() {
+    CRTMPacketDecoder::Release();
+    ClearOrders();
+}
+
+// ------------------------------------------------------------------ notices
 
 int CRSNOCH21::OnOrderPacket(const OrderPacket& notice) {
     // The key reaches one byte past the notice's field, into the order number.
     const char* key = reinterpret_cast<const char*>(&notice) + offsetof(OrderPacket, UserField);
-    if (!IsOurs(notice) || std::strncmp(key, m_UserField, sizeof(m_UserField)) != 0 || !IsRecord(notice)) {
+    if (!m_UserId.IsOf(notice) || std::strncmp(key, m_UserField, sizeof(m_UserField)) != 0 ||
+        !IsRecord(notice)) {
         return 0;
     }
-    return TakeNotice(notice, kRoutes);
+    const OrderEvent event = BuildEvent(notice, AnswerRoutes(), DivisorOfBoard(notice));
+    switch (event.Way) {
+        case Route::Acceptance:
+            ApplyAcceptance(event);
+            DrainPending(event.OrderNo);
+            break;
+        case Route::Apply:
+            if (!ApplyEvent(event)) {
+                m_Pending.Park(event);
+            }
+            break;
+        case Route::Sending:
+        case Route::Refusal:  // what was refused was never open
+        case Route::Dropped:
+            break;
+    }
+    PostListChanged();
+    return 1;
 }
 
 void CRSNOCH21::ApplyAcceptance(const OrderEvent& event) {
-    OrderEntry* own = FindRow(event.Number);
+    OrderEntry* own = m_Rows.FindRow(event.OrderNo);
     if (own == nullptr) {
-        InsertRow(event, Stage::Accepted);
-        ReduceParent(event);
+        InsertRow(event, RowMode::Accepted);
+        ReduceParent(m_Rows, event);
         return;
     }
     switch (EffectOfAcceptance(own->Row)) {
@@ -80,25 +116,56 @@ void CRSNOCH21::ApplyAcceptance(const OrderEvent& event) {
             RemoveRow(*own);
             break;
         case Effect::KindWord:
-            PutKindWord(*own, event);
+            PutWord(own->Row.Status, KindWord(event.EventCode));
+            m_Rows.SetMark(own, RowMark::Changed);
             break;
     }
 }
 
-// A confirmation before its acceptance: the parent goes at once, the event waits.
-bool CRSNOCH21::ApplyWithoutRow(const OrderEvent& event) {
-    if (event.EventCode == '2' || event.EventCode == '3') {
-        if (OrderEntry* parent = FindRow(event.ParentNumber)) {
+bool CRSNOCH21::ApplyEvent(const OrderEvent& event) {
+    OrderEntry* own = m_Rows.FindRow(event.OrderNo);
+    OrderEntry* parent = m_Rows.FindRow(event.ParentOrderNo);
+    if (own == nullptr) {
+        // A confirmation before its acceptance: the parent goes at once, the event waits.
+        const bool amended = event.EventCode == EventCode::Amendment;
+        if (parent != nullptr && (amended || event.EventCode == EventCode::Cancellation)) {
             RemoveRow(*parent);
         }
+        if (amended) {
+            InsertRow(event, RowMode::Confirmed);
+        }
+        return false;
     }
-    if (event.EventCode == '2') {
-        InsertRow(event, Stage::Confirmed);
+    switch (event.EventCode) {
+        case EventCode::Fill:
+            ApplyFill(*own, event);
+            break;
+        case EventCode::Amendment:
+            if (!HasWord(own->Row.Status, kAmendConfirmed)) {
+                PutWord(own->Row.Status, kAmendConfirmed);
+                Put(own->Row.UnfilledQty, event.Quantity);
+                RemoveIfNothingOpen(event.ParentOrderNo);
+                if (OrderEntry* still = m_Rows.FindRow(event.OrderNo)) {
+                    m_Rows.SetMark(still, RowMark::Changed);
+                }
+            }
+            break;
+        case EventCode::Cancellation:
+            if (!HasWord(own->Row.Status, kCancelConfirmed)) {
+                RemoveRow(*own);
+                RemoveIfNothingOpen(event.ParentOrderNo);
+            }
+            break;
+        case EventCode::Closing:
+            RemoveRow(*own);
+            break;
+        default:
+            break;
     }
-    return false;
+    return true;
 }
 
-void CRSNOCH21::Fill(OrderEntry& own, const OrderEvent& event) {
+void CRSNOCH21::ApplyFill(OrderEntry& own, const OrderEvent& event) {
     OrderRow& row = own.Row;
     const int64_t filled = Figure(row.FilledQty) + event.Quantity;
     const int64_t open = Figure(row.UnfilledQty) - event.Quantity;
@@ -111,49 +178,55 @@ void CRSNOCH21::Fill(OrderEntry& own, const OrderEvent& event) {
     Put(row.UnfilledQty, open);
     PutWord(row.Status, FillWord(filled, open));
     LimitFilled(row, filled);
-    Touch(own);
+    m_Rows.SetMark(&own, RowMark::Changed);
 }
 
-void CRSNOCH21::ConfirmAmendment(OrderEntry& own, const OrderEvent& event) {
-    if (HasWord(own.Row.Status, kAmendConfirmed)) {
-        return;
-    }
-    PutWord(own.Row.Status, kAmendConfirmed);
-    Put(own.Row.UnfilledQty, event.Quantity);
-    RemoveIfNothingOpen(event.ParentNumber);
-    // Looked up again, since a row that goes is told to the window, which may call back.
-    if (OrderEntry* still = FindRow(event.Number)) {
-        Touch(*still);
+// Whatever comes of them, they leave.
+void CRSNOCH21::DrainPending(int32_t orderNo) {
+    OrderEvent event;
+    while (m_Pending.Take(orderNo, event)) {
+        ApplyEvent(event);
     }
 }
 
-void CRSNOCH21::ConfirmCancellation(OrderEntry& own, const OrderEvent& event) {
-    if (HasWord(own.Row.Status, kCancelConfirmed)) {
-        return;
-    }
-    RemoveRow(own);
-    RemoveIfNothingOpen(event.ParentNumber);
-}
+// ------------------------------------------------------------------ rows
 
-void CRSNOCH21::Close(OrderEntry& own) {
-    RemoveRow(own);
+void CRSNOCH21::InsertRow(const OrderEvent& event, RowMode mode) {
+    if (m_Rows.InsertTop(BuildRow(event, mode), RowMark::New) != nullptr) {
+        SendRows(kUpdateRows, kNoSingleRow, kNewRows);
+    }
 }
 
 void CRSNOCH21::RemoveRow(OrderEntry& entry) {
-    const int place = m_Rows.PlaceOf(&entry);
+    const int index = m_Rows.IndexOf(&entry);
     m_Rows.Remove(&entry);
-    SendRows(kDeleteRow, place, kChangedRows);
+    SendRows(kDeleteRow, index, kChangedRows);
 }
 
-void CRSNOCH21::RemoveIfNothingOpen(int32_t number) {
-    OrderEntry* entry = FindRow(number);
+void CRSNOCH21::RemoveIfNothingOpen(int32_t orderNo) {
+    OrderEntry* entry = m_Rows.FindRow(orderNo);
     if (entry != nullptr && Figure(entry->Row.UnfilledQty) < 1) {
         RemoveRow(*entry);
     }
 }
 
-void CRSNOCH21::WriteLog(ViewBuffer& message) {
-    constexpr Word kTag = U"EndRTMUnpack에서";
-    WriteLogLine("RSNOCH21.txt", kTag.Text(),
-                 {message.Bytes(), static_cast<std::size_t>(message.BodyLength())});
+void CRSNOCH21::ClearOrders() {
+    m_Pending.Clear();
+    m_Rows.Clear();
+}
+
+// ------------------------------------------------------------------ the view
+
+void CRSNOCH21::SendRows(char operation, int index, char action) {
+    if (ViewBuffer message = PackMarked(m_Rows, m_Tag, operation, index, action)) {
+        WriteLog(message);
+        PostToView(std::move(message));
+    }
+}
+
+void CRSNOCH21::EndUnpack() {
+    if (m_bChanged != 0 && m_bStopped == 0) {
+        m_bChanged = 0;
+        SendRows(kUpdateRows, kNoSingleRow, kChangedRows);
+    }
 }

@@ -7,33 +7,43 @@
 #define TICKMUX_DECODERS_CRSNOCH21_H
 
 #include "decoders/OrderCommon.h"
+#include "decoders/ParkedEvents.h"
+#include "framework/packet_decoder.h"
 #include "layouts/RSNOCH21.h"
 
-class CRSNOCH21 : public AnsweredOrders {
+class CRSNOCH21 : public CRTMPacketDecoder {
 public:
     static constexpr char kMapName[] = "RSNOCH21_R";
 
     explicit CRSNOCH21(HWND hWnd);
 
     int Init(const char* buffer) override;
+    void Stop() override;
+    void Release() override;
+    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
     int OnOrderPacket(const OrderPacket& notice);
 
-    void ApplyAcceptance(const OrderEvent& event) override;
-    void WriteLog(ViewBuffer& message) override;
+    void ApplyAcceptance(const OrderEvent& event);
+    // False: the event has to wait.
+    bool ApplyEvent(const OrderEvent& event);
+    void ApplyFill(OrderEntry& own, const OrderEvent& event);
+    void DrainPending(int32_t orderNo);
 
-    bool ApplyWithoutRow(const OrderEvent& event) override;
-    void Fill(OrderEntry& own, const OrderEvent& event) override;
-    void ConfirmAmendment(OrderEntry& own, const OrderEvent& event) override;
-    void ConfirmCancellation(OrderEntry& own, const OrderEvent& event) override;
-    void Close(OrderEntry& own) override;
-
+    void InsertRow(const OrderEvent& event, RowMode mode);
     void RemoveRow(OrderEntry& entry);
-    void RemoveIfNothingOpen(int32_t number);
+    void RemoveIfNothingOpen(int32_t orderNo);
+    void ClearOrders();
 
+    void SendRows(char operation, int index, char action);
+
+    RequestTag m_Tag{};
+    OrderUser m_UserId;
     char m_UserField[sizeof(OpenOrdersInit::UserField)] = {};
+    ParkedEvents m_Pending;
+    OrderRows m_Rows;
 };
 
 #endif

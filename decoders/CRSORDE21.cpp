@@ -2,14 +2,11 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
+
+#include "framework/init_reader.h"
 
 namespace {
-
-constexpr NoticeRoute kRoutes[] = {
-    {'2', '1', '1', kAny, '4', kReject, Route::Refusal},
-    {'2', '1', '2', kAny, '4', kReject, Route::Refusal},
-    {kAny, kRefused, kAny, kAny, kNoEvent, U"", Route::Dropped},
-};
 
 // The words of an order that is past its acceptance.
 bool IsPastAcceptance(const OrderRow& row) {
@@ -38,7 +35,7 @@ const Word& ParentWord(const OrderRow& parent, int64_t open, const Word& waiting
 
 }  // namespace
 
-CRSORDE21::CRSORDE21(HWND hWnd) : AnsweredOrders(hWnd, Takes<&CRSORDE21::OnOrderPacket>) {}
+CRSORDE21::CRSORDE21(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRSORDE21::OnOrderPacket>) {}
 
 int CRSORDE21::Init(const char* buffer) {
     CRTMPacketDecoder::Init(buffer);
@@ -56,113 +53,182 @@ int CRSORDE21::Init(const char* buffer) {
         return 0;
     }
     Put(m_UserField, init.UserField);
-    // Without rows those of an earlier inquiry stay.
-    return count == 0 || TakeRows(in, count) ? 1 : 0;
+    if (count == 0) {
+        return 1;  // the rows of an earlier inquiry stay
+    }
+    ClearOrders();
+    return m_Rows.ReadRows(in, count) ? 1 : 0;
 }
 
+void CRSORDE21::Stop() {
+    CRTMPacketDecoder::Stop();
+    ClearOrders();
+}
+
+void CRSORDE21::Release() {
+    CRTMPacketDecoder::Release();
+    ClearOrders();
+}
+
+// ------------------------------------------------------------------ notices
+
 int CRSORDE21::OnOrderPacket(const OrderPacket& notice) {
-    if (m_Repeats.IsRepeated(notice) || !IsOurs(notice) ||
+    if (m_LastPacket.IsRepeatedBy(notice) || !m_UserId.IsOf(notice) ||
         std::strncmp(notice.UserField, m_UserField, sizeof(m_UserField)) != 0 || !IsRecord(notice)) {
         return 0;
     }
-    return TakeNotice(notice, kRoutes);
+    const OrderEvent event = BuildEvent(notice, AnswerRoutes(), DivisorOfBoard(notice));
+    switch (event.Way) {
+        case Route::Acceptance:
+            ApplyAcceptance(event);
+            DrainPending(event.OrderNo);
+            break;
+        case Route::Refusal:
+            ApplyRefusal(event);
+            break;
+        case Route::Apply:
+            if (!ApplyEvent(event)) {
+                m_Pending.Park(event);
+            }
+            break;
+        case Route::Sending:
+        case Route::Dropped:
+            break;
+    }
+    PostListChanged();
+    return 1;
 }
 
 void CRSORDE21::ApplyAcceptance(const OrderEvent& event) {
-    OrderEntry* own = FindRow(event.Number);
+    OrderEntry* own = m_Rows.FindRow(event.OrderNo);
     if (own == nullptr) {
-        InsertRow(event, Stage::Accepted);
-        ReduceParent(event);
+        InsertRow(event, RowMode::Accepted);
+        ReduceParent(m_Rows, event);
     } else if (!IsPastAcceptance(own->Row)) {
-        PutKindWord(*own, event);
+        SetStatus(*own, KindWord(event.EventCode));
     }
 }
 
 void CRSORDE21::ApplyRefusal(const OrderEvent& event) {
-    OrderEntry* own = FindRow(event.Number);
-    if (own == nullptr) {
-        InsertRow(event, Stage::Accepted);
-        return;
-    }
-    PutWord(own->Row.Status, kReject);
-    Touch(*own);
-}
-
-// Whatever a notice does, its row takes its board.
-bool CRSORDE21::ApplyEvent(const OrderEvent& event) {
-    if (OrderEntry* own = FindRow(event.Number)) {
-        own->Row.BoardFlag = event.Columns.BoardFlag;
-        Put(own->Row.BoardName, event.Columns.BoardName);
-    }
-    return AnsweredOrders::ApplyEvent(event);
-}
-
-// A confirmation before its acceptance: the parent closes at once, the event waits.
-bool CRSORDE21::ApplyWithoutRow(const OrderEvent& event) {
-    if (event.EventCode != '2' && event.EventCode != '3') {
-        return false;
-    }
-    const bool amended = event.EventCode == '2';
-    const bool hasParent = FindRow(event.ParentNumber) != nullptr;
-    if (amended) {
-        InsertRow(event, Stage::Confirmed);
-    }
-    OrderEntry* parent = hasParent ? FindRow(event.ParentNumber) : nullptr;
-    if (parent == nullptr) {
-        return false;
-    }
-    OrderRow& row = parent->Row;
-    if (amended) {
-        PutOpenOrClear(row.UnfilledQty, Figure(row.UnfilledQty) - event.Quantity);
+    if (OrderEntry* own = m_Rows.FindRow(event.OrderNo)) {
+        SetStatus(*own, kReject);
     } else {
-        Put(row.UnfilledQty, int64_t{0});
+        InsertRow(event, RowMode::Accepted);
     }
-    PutWord(row.Status, ClosingWord(row, amended ? kAmended : kWithdrawn));
-    Touch(*parent);
-    if (!amended) {
-        SendRows(kUpdateRows, m_Rows.PlaceOf(parent), kChangedRows);
-    }
-    return false;
 }
 
-void CRSORDE21::Fill(OrderEntry& own, const OrderEvent& event) {
+bool CRSORDE21::ApplyEvent(const OrderEvent& event) {
+    OrderEntry* own = m_Rows.FindRow(event.OrderNo);
+    if (own == nullptr) {
+        ApplyWithoutRow(event);
+        return false;
+    }
+    OrderEntry* parent = m_Rows.FindRow(event.ParentOrderNo);
+    // Whatever a notice does, its row takes its board.
+    own->Row.BoardFlag = event.Columns.BoardFlag;
+    Put(own->Row.BoardName, event.Columns.BoardName);
+    switch (event.EventCode) {
+        case EventCode::Fill:
+            ApplyFill(*own, event);
+            break;
+        case EventCode::Amendment:
+            if (parent != nullptr && !HasWord(own->Row.Status, kAmendConfirmed) &&
+                !HasWord(own->Row.Status, kCancelConfirmed)) {
+                Put(own->Row.UnfilledQty, event.Quantity);
+                const int64_t open = Figure(parent->Row.UnfilledQty);
+                SetStatus(*parent, ParentWord(parent->Row, open, kAmendUnconfirmed));
+                SetStatus(*own, kOpen);
+            }
+            break;
+        case EventCode::Cancellation:
+            if (parent != nullptr && !HasWord(own->Row.Status, kCancelConfirmed)) {
+                const int64_t open = Figure(own->Row.UnfilledQty);
+                SetStatus(*parent, ParentWord(parent->Row, open, kCancelUnconfirmed));
+                SetStatus(*own, kCancelConfirmed);
+            }
+            break;
+        case EventCode::Closing:
+            SetStatus(*own, kCancelConfirmed);
+            ClearFigure(own->Row.UnfilledQty);
+            break;
+        default:
+            break;
+    }
+    return true;
+}
+
+// A confirmation before its acceptance: the parent closes at once.
+void CRSORDE21::ApplyWithoutRow(const OrderEvent& event) {
+    OrderEntry* parent = m_Rows.FindRow(event.ParentOrderNo);
+    switch (event.EventCode) {
+        case EventCode::Amendment: {
+            const bool hadParent = parent != nullptr;  // the new row may be named as its own
+            InsertRow(event, RowMode::Confirmed);
+            parent = hadParent ? m_Rows.FindRow(event.ParentOrderNo) : nullptr;
+            if (parent != nullptr) {
+                ReduceOpen(parent->Row.UnfilledQty, event.Quantity);
+                SetStatus(*parent, ClosingWord(parent->Row, kAmended));
+            }
+            break;
+        }
+        case EventCode::Cancellation:
+            if (parent != nullptr) {
+                Put(parent->Row.UnfilledQty, int64_t{0});
+                SetStatus(*parent, ClosingWord(parent->Row, kWithdrawn));
+                SendRows(kUpdateRows, m_Rows.IndexOf(parent), kChangedRows);
+            }
+            break;
+        default:
+            break;
+    }
+}
+
+void CRSORDE21::ApplyFill(OrderEntry& own, const OrderEvent& event) {
     OrderRow& row = own.Row;
     const int64_t filled = Figure(row.FilledQty) + event.Quantity;
     const int64_t open = Figure(row.UnfilledQty) - event.Quantity;
     Put(row.FilledQty, filled);
     Put(row.FillPrice, event.Columns.OrderPrice);
     Put(row.UnfilledQty, std::max(open, int64_t{0}));
-    PutWord(row.Status, FillWord(filled, open));
     LimitFilled(row, filled);
-    Touch(own);
+    SetStatus(own, FillWord(filled, open));
 }
 
-void CRSORDE21::ConfirmAmendment(OrderEntry& own, const OrderEvent& event) {
-    OrderEntry* parent = FindRow(event.ParentNumber);
-    if (parent == nullptr || HasWord(own.Row.Status, kAmendConfirmed) ||
-        HasWord(own.Row.Status, kCancelConfirmed)) {
-        return;
+// Whatever comes of them, they leave.
+void CRSORDE21::DrainPending(int32_t orderNo) {
+    OrderEvent event;
+    while (m_Pending.Take(orderNo, event)) {
+        ApplyEvent(event);
     }
-    Put(own.Row.UnfilledQty, event.Quantity);
-    PutWord(parent->Row.Status, ParentWord(parent->Row, Figure(parent->Row.UnfilledQty), kAmendUnconfirmed));
-    PutWord(own.Row.Status, kOpen);
-    Touch(*parent);
-    Touch(own);
 }
 
-void CRSORDE21::ConfirmCancellation(OrderEntry& own, const OrderEvent& event) {
-    OrderEntry* parent = FindRow(event.ParentNumber);
-    if (parent == nullptr || HasWord(own.Row.Status, kCancelConfirmed)) {
-        return;
+// ------------------------------------------------------------------ rows
+
+void CRSORDE21::InsertRow(const OrderEvent& event, RowMode mode) {
+    if (m_Rows.InsertTop(BuildRow(event, mode), RowMark::New) != nullptr) {
+        SendRows(kUpdateRows, kNoSingleRow, kNewRows);
     }
-    PutWord(parent->Row.Status, ParentWord(parent->Row, Figure(own.Row.UnfilledQty), kCancelUnconfirmed));
-    PutWord(own.Row.Status, kCancelConfirmed);
-    Touch(*parent);
-    Touch(own);
 }
 
-void CRSORDE21::Close(OrderEntry& own) {
-    PutWord(own.Row.Status, kCancelConfirmed);
-    ClearFigure(own.Row.UnfilledQty);
-    Touch(own);
+void CRSORDE21::SetStatus(OrderEntry& entry, const Word& word) {
+    PutWord(entry.Row.Status, word);
+    m_Rows.SetMark(&entry, RowMark::Changed);
+}
+
+void CRSORDE21::ClearOrders() {
+    m_Pending.Clear();
+    m_Rows.Clear();
+}
+
+// ------------------------------------------------------------------ the view
+
+void CRSORDE21::SendRows(char operation, int index, char action) {
+    PostToView(PackMarked(m_Rows, m_Tag, operation, index, action));
+}
+
+void CRSORDE21::EndUnpack() {
+    if (m_bChanged != 0 && m_bStopped == 0) {
+        m_bChanged = 0;
+        SendRows(kUpdateRows, kNoSingleRow, kChangedRows);
+    }
 }

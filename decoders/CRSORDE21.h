@@ -6,32 +6,45 @@
 #define TICKMUX_DECODERS_CRSORDE21_H
 
 #include "decoders/OrderCommon.h"
+#include "decoders/ParkedEvents.h"
+#include "framework/packet_decoder.h"
 #include "layouts/RSORDE21.h"
 
-class CRSORDE21 : public AnsweredOrders {
+class CRSORDE21 : public CRTMPacketDecoder {
 public:
     static constexpr char kMapName[] = "RSORDE21_R";
 
     explicit CRSORDE21(HWND hWnd);
 
     int Init(const char* buffer) override;
+    void Stop() override;
+    void Release() override;
+    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
     int OnOrderPacket(const OrderPacket& notice);
 
-    void ApplyAcceptance(const OrderEvent& event) override;
-    void ApplyRefusal(const OrderEvent& event) override;
-    bool ApplyEvent(const OrderEvent& event) override;
+    void ApplyAcceptance(const OrderEvent& event);
+    void ApplyRefusal(const OrderEvent& event);
+    // False: the event has to wait.
+    bool ApplyEvent(const OrderEvent& event);
+    void ApplyWithoutRow(const OrderEvent& event);
+    void ApplyFill(OrderEntry& own, const OrderEvent& event);
+    void DrainPending(int32_t orderNo);
 
-    bool ApplyWithoutRow(const OrderEvent& event) override;
-    void Fill(OrderEntry& own, const OrderEvent& event) override;
-    void ConfirmAmendment(OrderEntry& own, const OrderEvent& event) override;
-    void ConfirmCancellation(OrderEntry& own, const OrderEvent& event) override;
-    void Close(OrderEntry& own) override;
+    void InsertRow(const OrderEvent& event, RowMode mode);
+    void SetStatus(OrderEntry& entry, const Word& word);
+    void ClearOrders();
 
+    void SendRows(char operation, int index, char action);
+
+    RequestTag m_Tag{};
+    OrderUser m_UserId;
     char m_UserField[sizeof(OrderListInit::UserField)] = {};
-    RepeatFilter m_Repeats;
+    LastNotice m_LastPacket;
+    ParkedEvents m_Pending;
+    OrderRows m_Rows;
 };
 
 #endif

@@ -6,15 +6,19 @@
 #define TICKMUX_DECODERS_CRSORDE22_H
 
 #include "decoders/OrderCommon.h"
+#include "decoders/ParkedEvents.h"
+#include "framework/packet_decoder.h"
 #include "layouts/RSORDE22.h"
 
-class CRSORDE22 : public OrderDecoder {
+class CRSORDE22 : public CRTMPacketDecoder {
 public:
     static constexpr char kMapName[] = "RSORDE22_R";
 
     explicit CRSORDE22(HWND hWnd);
 
     int Init(const char* buffer) override;
+    void Stop() override;
+    void Release() override;
     void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
@@ -23,22 +27,29 @@ private:
 
     void ApplySending(const OrderEvent& event);
     void ApplyRefusal(const OrderEvent& event);
-    bool ApplyEvent(const OrderEvent& event) override;
+    // False: the event has to wait.
+    bool ApplyEvent(const OrderEvent& event);
     void ApplyToOwn(OrderEntry& own, const OrderEvent& event);
     void ApplyToParent(OrderEntry& parent, const OrderEvent& event);
+    void ApplyFill(OrderEntry& entry, const OrderEvent& event);
+    void DrainPending(int32_t orderNo);
 
     void InsertRow(const OrderEvent& event);
-    void Fill(OrderEntry& entry, const OrderEvent& event);
-    void Open(OrderEntry& entry, const OrderEvent& event);
-    void Close(OrderEntry& entry, const Word& word);
+    void OpenRow(OrderEntry& entry, const OrderEvent& event);
+    void CloseRow(OrderEntry& entry, const Word& word);
     void SetStatus(OrderEntry& entry, const Word& word);
-    void Touch(OrderEntry& entry, RowMark mark);
+    void ClearOrders();
 
     void SendRows(char action);
     void PruneShown();
+    void SendDeletion(int place);
 
-    FilteredOrdersInit m_Filter;  // its repeat head is not kept up
-    RepeatFilter m_Repeats;
+    RequestTag m_Tag{};
+    OrderUser m_UserId;
+    FilteredOrdersInit m_Filter{};  // its repeat head is not kept up
+    LastNotice m_LastPacket;
+    ParkedEvents m_Pending;
+    OrderRows m_Rows;
 };
 
 #endif

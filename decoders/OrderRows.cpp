@@ -1,63 +1,79 @@
 #include "decoders/OrderRows.h"
 
+#include <algorithm>
+#include <cassert>
+#include <cstring>
+#include <iterator>
+
 #include "framework/codecs.h"
 
-// ------------------------------------------------------------------ RankCounts
+// ------------------------------------------------------------------ RowsInOrder
 
-namespace {
-
-std::size_t LowestBit(std::size_t number) {
-    return number & (~number + 1);
+std::size_t RowsInOrder::PlaceOf(const OrderEntry* entry) const {
+    OrderEntry* const* first = m_Entries.Data();
+    const auto below = [](const OrderEntry* a, const OrderEntry* b) { return a->Serial < b->Serial; };
+    return static_cast<std::size_t>(std::lower_bound(first, first + Size(), entry, below) - first);
 }
 
-}  // namespace
-
-// The sums are numbered from 1: sum n covers the LowestBit(n) ranks up to n.
-void RankCounts::Append(int32_t value) {
-    const std::size_t number = m_Sums.Size() + 1;
-    for (std::size_t covered = 1; covered < LowestBit(number); covered *= 2) {
-        value += m_Sums[number - covered - 1];
-    }
-    *m_Sums.Append() = value;
+void RowsInOrder::Insert(OrderEntry* entry) {
+    const bool atTop = Size() == 0 || m_Entries[Size() - 1]->Serial < entry->Serial;
+    const std::size_t place = atTop ? Size() : PlaceOf(entry);
+    assert(place == Size() || m_Entries[place] != entry);
+    m_Entries.Insert(place, entry);
 }
 
-void RankCounts::Add(std::size_t rank, int32_t value) {
-    for (std::size_t number = rank + 1; number <= m_Sums.Size(); number += LowestBit(number)) {
-        m_Sums[number - 1] += value;
-    }
+void RowsInOrder::Remove(const OrderEntry* entry) {
+    const std::size_t place = PlaceOf(entry);
+    assert(place < Size() && m_Entries[place] == entry);
+    OrderEntry** at = m_Entries.Data() + place;
+    std::copy(at + 1, m_Entries.Data() + Size(), at);
+    m_Entries.Shrink(Size() - 1);
 }
 
-int32_t RankCounts::Below(std::size_t rank) const {
-    int32_t sum = 0;
-    for (std::size_t number = rank; number > 0; number -= LowestBit(number)) {
-        sum += m_Sums[number - 1];
-    }
-    return sum;
+int RowsInOrder::CountAbove(const OrderEntry* entry) const {
+    const std::size_t place = PlaceOf(entry);
+    assert(place < Size() && m_Entries[place] == entry);
+    return static_cast<int>(Size() - 1 - place);
+}
+
+void RowsInOrder::DropUnmarked(std::size_t place) {
+    OrderEntry** first = m_Entries.Data();
+    OrderEntry** end = std::remove_if(first + place, first + Size(),
+                                      [](const OrderEntry* entry) { return entry->Mark == RowMark::None; });
+    m_Entries.Shrink(static_cast<std::size_t>(end - first));
 }
 
 // ------------------------------------------------------------------ OrderRows
 
 void OrderRows::Clear() {
-    m_nRows = 0;
-    m_nShown = 0;
+    std::fill(std::begin(m_nRows), std::end(m_nRows), 0);
     m_Index.Clear();
-    m_Ranks.Clear();
-    m_Live.Clear();
-    m_Shown.Clear();
-    for (PlainArray<OrderEntry*>& marked : m_Marked) {
-        marked.Clear();
+    for (RowsInOrder* rows : {&m_Rows, &m_Marked, &m_Shown, &m_Touched}) {
+        rows->Clear();
     }
-    m_Sorted.Clear();
-    m_Touched.Clear();
     m_Entries.Clear();
 }
 
-OrderEntry* OrderRows::InsertTop(const OrderRow& row) {
-    // When most ranks are gaps.
-    constexpr std::size_t kFewRanks = 64;
-    if (m_Ranks.Size() >= kFewRanks + 2 * static_cast<std::size_t>(m_nRows)) {
-        CloseGaps();
+bool OrderRows::ReadRows(InitReader& in, int count) {
+    Clear();
+    constexpr auto kRowSize = static_cast<int>(sizeof(OrderRow));
+    if (in.Remain() != count * kRowSize) {
+        return false;
     }
+    // The list grows at its top, so the last row goes in first.
+    const char* rows = in.Rest();
+    for (int i = count - 1; i >= 0; --i) {
+        OrderRow row;
+        std::memcpy(&row, rows + static_cast<std::ptrdiff_t>(i) * kRowSize, sizeof(row));
+        if (InsertTop(row, RowMark::Changed) == nullptr) {
+            Clear();
+            return false;
+        }
+    }
+    return true;
+}
+
+OrderEntry* OrderRows::InsertTop(const OrderRow& row, RowMark mark) {
     OrderEntry* entry = ReserveOne() ? m_Entries.Take() : nullptr;
     if (entry == nullptr) {
         return nullptr;
@@ -65,23 +81,21 @@ OrderEntry* OrderRows::InsertTop(const OrderRow& row) {
     *entry = {};
     entry->Row = row;
     entry->Number = ToLong(row.OrderNo);
-    entry->Rank = static_cast<uint32_t>(m_Ranks.Size());
-    *m_Ranks.Append() = entry;
-    m_Live.Append(1);
-    m_Shown.Append(IsShown(entry) ? 1 : 0);
-    m_nShown += IsShown(entry) ? 1 : 0;
+    entry->Serial = m_nNextSerial++;
+    ++m_nRows[static_cast<std::size_t>(RowMark::None)];
+    m_Rows.Insert(entry);
     m_Index.PutFirst(entry);
-    ++m_nRows;
+    SetMark(entry, mark);
+    if (IsShown(entry)) {
+        m_Shown.Insert(entry);
+    }
     return entry;
 }
 
-// So that neither a mark nor a touch of a row ever needs memory.
+// For one row more in all arrays, so that neither a mark nor a touch ever needs memory.
 bool OrderRows::ReserveOne() {
-    const std::size_t ranks = m_Ranks.Size() + 1;
-    const std::size_t rows = static_cast<std::size_t>(m_nRows) + 1;
-    return m_Ranks.Reserve(ranks) && m_Live.Reserve(ranks) && m_Shown.Reserve(ranks) &&
-           m_Marked[0].Reserve(rows) && m_Marked[1].Reserve(rows) && m_Sorted.Reserve(rows) &&
-           m_Touched.Reserve(rows);
+    const std::size_t rows = m_Rows.Size() + 1;
+    return m_Rows.Reserve(rows) && m_Marked.Reserve(rows) && m_Shown.Reserve(rows) && m_Touched.Reserve(rows);
 }
 
 void OrderRows::Remove(OrderEntry* entry) {
@@ -91,56 +105,18 @@ void OrderRows::Remove(OrderEntry* entry) {
         m_Touched.Remove(entry);
     }
     m_Index.Remove(entry);
-    m_Ranks[entry->Rank] = nullptr;
-    m_Live.Add(entry->Rank, -1);
+    m_Rows.Remove(entry);
+    --m_nRows[static_cast<std::size_t>(RowMark::None)];
     m_Entries.Give(entry);
-    --m_nRows;
-}
-
-void OrderRows::CloseGaps() {
-    const std::size_t ranks = m_Ranks.Size();
-    uint32_t next = 0;
-    m_Live.Clear();
-    m_Shown.Clear();
-    for (std::size_t rank = 0; rank < ranks; ++rank) {
-        OrderEntry* entry = m_Ranks[rank];
-        if (entry != nullptr) {
-            entry->Rank = next;
-            m_Ranks[next++] = entry;
-            m_Live.Append(1);
-            m_Shown.Append(IsShown(entry) ? 1 : 0);
-        }
-    }
-    m_Ranks.Shrink(next);
 }
 
 void OrderRows::SetMark(OrderEntry* entry, RowMark mark) {
-    if (entry->Mark == mark) {
-        return;
+    if (entry->Mark == RowMark::None && mark != RowMark::None) {
+        m_Marked.Insert(entry);
+    } else if (entry->Mark != RowMark::None && mark == RowMark::None) {
+        m_Marked.Remove(entry);
     }
-    if (entry->Mark != RowMark::None) {
-        PlainArray<OrderEntry*>& former = Marked(entry->Mark);
-        OrderEntry* last = former[former.Size() - 1];
-        former[entry->MarkedAt] = last;
-        last->MarkedAt = entry->MarkedAt;
-        former.Shrink(former.Size() - 1);
-    }
-    entry->Mark = mark;
-    if (mark != RowMark::None) {
-        entry->MarkedAt = static_cast<uint32_t>(Marked(mark).Size());
-        *Marked(mark).Append() = entry;
-    }
-}
-
-const PlainArray<OrderEntry*>& OrderRows::SortMarked() {
-    m_Sorted.Clear();
-    for (const PlainArray<OrderEntry*>& marked : m_Marked) {
-        for (std::size_t i = 0; i < marked.Size(); ++i) {
-            *m_Sorted.Append() = marked[i];
-        }
-    }
-    Sort(m_Sorted);
-    return m_Sorted;
+    ChangeMark(entry, mark);
 }
 
 void OrderRows::SetShown(OrderEntry* entry, bool shown) {
@@ -148,28 +124,32 @@ void OrderRows::SetShown(OrderEntry* entry, bool shown) {
         return;
     }
     entry->Row.ShownMark = shown ? kShown : ' ';
-    m_Shown.Add(entry->Rank, shown ? 1 : -1);
-    m_nShown += shown ? 1 : -1;
+    if (shown) {
+        m_Shown.Insert(entry);
+    } else {
+        m_Shown.Remove(entry);
+    }
 }
 
 void OrderRows::Touch(OrderEntry* entry) {
-    if (!entry->Touched) {
+    if (IsShown(entry) && !entry->Touched) {
         entry->Touched = true;
-        *m_Touched.Append() = entry;
-        m_bTouchedSorted = false;
+        m_Touched.Insert(entry);
+    }
+}
+
+void OrderRows::TouchAll() {
+    for (std::size_t place = 0; place < m_Shown.Size(); ++place) {
+        Touch(m_Shown[place]);
     }
 }
 
 OrderEntry* OrderRows::TakeTouched() {
-    if (m_Touched.Empty()) {
+    if (m_Touched.Size() == 0) {
         return nullptr;
     }
-    if (!m_bTouchedSorted) {
-        Sort(m_Touched);
-        m_bTouchedSorted = true;
-    }
-    OrderEntry* lowest = m_Touched[m_Touched.Size() - 1];
-    m_Touched.Shrink(m_Touched.Size() - 1);
+    OrderEntry* lowest = m_Touched[0];
+    m_Touched.Remove(lowest);
     lowest->Touched = false;
     return lowest;
 }

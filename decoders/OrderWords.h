@@ -3,8 +3,10 @@
 #ifndef TICKMUX_DECODERS_ORDERWORDS_H
 #define TICKMUX_DECODERS_ORDERWORDS_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <initializer_list>
 #include <iterator>
 #include <string_view>
 
@@ -87,6 +89,12 @@ template <std::size_t N>
 bool IsWord(const char (&status)[N], const Word& word) {
     return HasWord(status, word) &&
            std::string_view(status, N).find_first_not_of(' ', word.Size()) == std::string_view::npos;
+}
+
+template <std::size_t N>
+bool IsOneOf(const char (&status)[N], std::initializer_list<Word> words) {
+    return std::any_of(words.begin(), words.end(),
+                       [&status](const Word& word) { return IsWord(status, word); });
 }
 
 inline constexpr Word kBlankWord = U"";

@@ -2,27 +2,27 @@
 #ifndef TICKMUX_DECODERS_PARKEDEVENTS_H
 #define TICKMUX_DECODERS_PARKEDEVENTS_H
 
+#include "decoders/OrderEvent.h"
 #include "framework/node_pool.h"
 #include "framework/number_index.h"
 
-template <class Event>
 class ParkedEvents {
 public:
     // Without memory the event is lost.
-    void Park(const Event& event) {
+    void Park(const OrderEvent& event) {
         if (Parked* parked = m_Pool.Take()) {
-            *parked = {event.Number, nullptr, nullptr, event};
+            *parked = {event.OrderNo, nullptr, nullptr, event};
             m_Index.PutLast(parked);
         }
     }
 
     // The oldest of an order leaves; false: there is none.
-    bool Take(int32_t number, Event& event) {
-        Parked* parked = m_Index.Find(number);
+    bool Take(int32_t orderNo, OrderEvent& event) {
+        Parked* parked = m_Index.Find(orderNo);
         if (parked == nullptr) {
             return false;
         }
-        event = parked->What;
+        event = parked->Event;
         m_Index.Remove(parked);
         m_Pool.Give(parked);
         return true;
@@ -38,7 +38,7 @@ private:
         int32_t Number;
         Parked* Previous;
         Parked* Next;
-        Event What;
+        OrderEvent Event;
     };
 
     NodePool<Parked> m_Pool;
