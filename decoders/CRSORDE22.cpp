@@ -40,7 +40,6 @@ int CRSORDE22::Init(const char* buffer) {
     if (!m_Rows.ReadRows(in, count)) {
         return 0;
     }
-    m_Rows.TouchAll();
     SendRows(kAllRows);
     return 1;
 }

@@ -1,57 +1,21 @@
 #include "decoders/OrderRows.h"
 
 #include <algorithm>
-#include <cassert>
 #include <cstring>
 #include <iterator>
+#include <limits>
 
 #include "framework/codecs.h"
-
-// ------------------------------------------------------------------ RowsInOrder
-
-std::size_t RowsInOrder::PlaceOf(const OrderEntry* entry) const {
-    OrderEntry* const* first = m_Entries.Data();
-    const auto below = [](const OrderEntry* a, const OrderEntry* b) { return a->Serial < b->Serial; };
-    return static_cast<std::size_t>(std::lower_bound(first, first + Size(), entry, below) - first);
-}
-
-void RowsInOrder::Insert(OrderEntry* entry) {
-    const bool atTop = Size() == 0 || m_Entries[Size() - 1]->Serial < entry->Serial;
-    const std::size_t place = atTop ? Size() : PlaceOf(entry);
-    assert(place == Size() || m_Entries[place] != entry);
-    m_Entries.Insert(place, entry);
-}
-
-void RowsInOrder::Remove(const OrderEntry* entry) {
-    const std::size_t place = PlaceOf(entry);
-    assert(place < Size() && m_Entries[place] == entry);
-    OrderEntry** at = m_Entries.Data() + place;
-    std::copy(at + 1, m_Entries.Data() + Size(), at);
-    m_Entries.Shrink(Size() - 1);
-}
-
-int RowsInOrder::CountAbove(const OrderEntry* entry) const {
-    const std::size_t place = PlaceOf(entry);
-    assert(place < Size() && m_Entries[place] == entry);
-    return static_cast<int>(Size() - 1 - place);
-}
-
-void RowsInOrder::DropUnmarked(std::size_t place) {
-    OrderEntry** first = m_Entries.Data();
-    OrderEntry** end = std::remove_if(first + place, first + Size(),
-                                      [](const OrderEntry* entry) { return entry->Mark == RowMark::None; });
-    m_Entries.Shrink(static_cast<std::size_t>(end - first));
-}
-
-// ------------------------------------------------------------------ OrderRows
 
 void OrderRows::Clear() {
     std::fill(std::begin(m_nRows), std::end(m_nRows), 0);
     m_Index.Clear();
-    for (RowsInOrder* rows : {&m_Rows, &m_Marked, &m_Shown, &m_Touched}) {
-        rows->Clear();
-    }
+    m_Rows.Clear();
+    m_Shown.Clear();
+    m_Marked.Clear();
+    m_Touched.Clear();
     m_Entries.Clear();
+    m_nNextSerial = 0;
 }
 
 bool OrderRows::ReadRows(InitReader& in, int count) {
@@ -65,10 +29,12 @@ bool OrderRows::ReadRows(InitReader& in, int count) {
     for (int i = count - 1; i >= 0; --i) {
         OrderRow row;
         std::memcpy(&row, rows + static_cast<std::ptrdiff_t>(i) * kRowSize, sizeof(row));
-        if (InsertTop(row, RowMark::Changed) == nullptr) {
+        OrderEntry* entry = InsertTop(row, RowMark::Changed);
+        if (entry == nullptr) {
             Clear();
             return false;
         }
+        Touch(entry);
     }
     return true;
 }
@@ -83,11 +49,11 @@ OrderEntry* OrderRows::InsertTop(const OrderRow& row, RowMark mark) {
     entry->Number = ToLong(row.OrderNo);
     entry->Serial = m_nNextSerial++;
     ++m_nRows[static_cast<std::size_t>(RowMark::None)];
-    m_Rows.Insert(entry);
+    m_Rows.Insert(entry->Serial);
     m_Index.PutFirst(entry);
     SetMark(entry, mark);
     if (IsShown(entry)) {
-        m_Shown.Insert(entry);
+        m_Shown.Insert(entry->Serial);
     }
     return entry;
 }
@@ -95,7 +61,8 @@ OrderEntry* OrderRows::InsertTop(const OrderRow& row, RowMark mark) {
 // For one row more in all arrays, so that neither a mark nor a touch ever needs memory.
 bool OrderRows::ReserveOne() {
     const std::size_t rows = m_Rows.Size() + 1;
-    return m_Rows.Reserve(rows) && m_Marked.Reserve(rows) && m_Shown.Reserve(rows) && m_Touched.Reserve(rows);
+    return m_nNextSerial < std::numeric_limits<uint32_t>::max() && m_Rows.Reserve(rows) &&
+           m_Marked.Reserve(rows) && m_Shown.Reserve(rows) && m_Touched.Reserve(rows);
 }
 
 void OrderRows::Remove(OrderEntry* entry) {
@@ -105,7 +72,7 @@ void OrderRows::Remove(OrderEntry* entry) {
         m_Touched.Remove(entry);
     }
     m_Index.Remove(entry);
-    m_Rows.Remove(entry);
+    m_Rows.Remove(entry->Serial);
     --m_nRows[static_cast<std::size_t>(RowMark::None)];
     m_Entries.Give(entry);
 }
@@ -125,9 +92,9 @@ void OrderRows::SetShown(OrderEntry* entry, bool shown) {
     }
     entry->Row.ShownMark = shown ? kShown : ' ';
     if (shown) {
-        m_Shown.Insert(entry);
+        m_Shown.Insert(entry->Serial);
     } else {
-        m_Shown.Remove(entry);
+        m_Shown.Remove(entry->Serial);
     }
 }
 
@@ -135,12 +102,6 @@ void OrderRows::Touch(OrderEntry* entry) {
     if (IsShown(entry) && !entry->Touched) {
         entry->Touched = true;
         m_Touched.Insert(entry);
-    }
-}
-
-void OrderRows::TouchAll() {
-    for (std::size_t place = 0; place < m_Shown.Size(); ++place) {
-        Touch(m_Shown[place]);
     }
 }
 

@@ -2,10 +2,13 @@
 //
 // What the list must tell fast: the first row of an order number from the top, the place of a row, and the
 // rows with a mark in list order. New rows come in at the top only, so each row gets a serial that rises from
-// the bottom to the top; whoever must be found in list order stands in an array that is kept in that order.
+// the bottom to the top, and what is asked for in list order stands in arrays that are kept by it.
 #ifndef TICKMUX_DECODERS_ORDERROWS_H
 #define TICKMUX_DECODERS_ORDERROWS_H
 
+#include <algorithm>
+#include <cassert>
+#include <cstddef>
 #include <cstdint>
 
 #include "framework/init_reader.h"
@@ -21,42 +24,70 @@ struct OrderEntry {
     OrderRow Row;
     RowMark Mark;
     bool Touched;
-    int32_t Number;  // of Row.OrderNo
-    uint64_t Serial;
+    int32_t Number;   // of Row.OrderNo
+    uint32_t Serial;  // rises from the bottom of the list to its top
     OrderEntry* Previous;
     OrderEntry* Next;
 };
 
-// Entries of one list in its order, the bottom first: a new row is appended, and who comes in or leaves
-// further down moves those behind as one block.
-class RowsInOrder {
+inline uint32_t SerialOf(uint32_t serial) {
+    return serial;
+}
+inline uint32_t SerialOf(const OrderEntry* entry) {
+    return entry->Serial;
+}
+
+// Serials, or entries by their serials, in rising order: the bottom of the list comes first. A new row is
+// appended; one that comes in or leaves further down moves those behind it as one block.
+template <class Item>
+class InListOrder {
 public:
-    bool Reserve(std::size_t rows) { return m_Entries.Reserve(rows); }
-    std::size_t Size() const { return m_Entries.Size(); }
-    OrderEntry* operator[](std::size_t place) const { return m_Entries[place]; }
+    bool Reserve(std::size_t items) { return m_Items.Reserve(items); }
+    std::size_t Size() const { return m_Items.Size(); }
+    Item operator[](std::size_t place) const { return m_Items[place]; }
+    void Clear() { m_Items.Clear(); }
 
-    // There is room for it, and it is not there yet.
-    void Insert(OrderEntry* entry);
-    // It is there.
-    void Remove(const OrderEntry* entry);
-    int CountAbove(const OrderEntry* entry) const;
-
-    // Those without a mark leave, from the place on.
-    void DropUnmarked(std::size_t place);
-    void Clear() { m_Entries.Clear(); }
+    void Insert(Item item) {
+        const bool atTop = Size() == 0 || SerialOf(m_Items[Size() - 1]) < SerialOf(item);
+        const std::size_t place = atTop ? Size() : PlaceOf(item);
+        assert(place == Size() || m_Items[place] != item);
+        m_Items.Insert(place, item);  // OrderRows has room for every row
+    }
+    void Remove(Item item) {
+        const std::size_t place = PlaceOf(item);
+        assert(place < Size() && m_Items[place] == item);
+        std::copy(m_Items.Data() + place + 1, m_Items.Data() + Size(), m_Items.Data() + place);
+        m_Items.Shrink(Size() - 1);
+    }
+    int CountAbove(Item item) const {
+        const std::size_t place = PlaceOf(item);
+        assert(place < Size() && m_Items[place] == item);
+        return static_cast<int>(Size() - 1 - place);
+    }
+    // From the place on.
+    template <class Test>
+    void RemoveIf(std::size_t place, Test&& test) {
+        Item* end = m_Items.Data() + Size();
+        m_Items.Shrink(
+            static_cast<std::size_t>(std::remove_if(m_Items.Data() + place, end, test) - m_Items.Data()));
+    }
 
 private:
-    // Of the first that is not below the entry.
-    std::size_t PlaceOf(const OrderEntry* entry) const;
+    // Of the first that is not below the item.
+    std::size_t PlaceOf(Item item) const {
+        const Item* first = m_Items.Data();
+        const auto below = [](Item a, Item b) { return SerialOf(a) < SerialOf(b); };
+        return static_cast<std::size_t>(std::lower_bound(first, first + Size(), item, below) - first);
+    }
 
-    PlainArray<OrderEntry*> m_Entries;
+    PlainArray<Item> m_Items;
 };
 
 class OrderRows {
 public:
     void Clear();
-    // Copies the rows that the text has left, each to go out as changed. False: it is not exactly so many, or
-    // memory failed; the list is empty then.
+    // Copies the rows that the text has left, each to go out as changed; those that it shows are touched.
+    // False: it is not exactly so many, or memory failed; the list is empty then.
     bool ReadRows(InitReader& in, int count);
 
     // A copy of the row at the top. Null: memory failed, nothing changed.
@@ -66,7 +97,7 @@ public:
     // The first from the top; null: none.
     OrderEntry* FindRow(int32_t number) const { return m_Index.Find(number); }
     // How many rows stand above.
-    int IndexOf(const OrderEntry* entry) const { return m_Rows.CountAbove(entry); }
+    int IndexOf(const OrderEntry* entry) const { return m_Rows.CountAbove(entry->Serial); }
 
     // ---- marks
     void SetMark(OrderEntry* entry, RowMark mark);
@@ -78,7 +109,7 @@ public:
             OrderEntry* entry = m_Marked[place - 1];
             ChangeMark(entry, visit(*entry));
         }
-        m_Marked.DropUnmarked(0);
+        m_Marked.RemoveIf(0, IsUnmarked);
     }
     // Calls visit(entry) for the rows of the mark, from the bottom up, and takes the mark off them.
     template <class Visitor>
@@ -95,23 +126,24 @@ public:
                 visit(*entry);
             }
         }
-        m_Marked.DropUnmarked(lowest);
+        m_Marked.RemoveIf(lowest, IsUnmarked);
     }
 
     // ---- shown rows: those that the view has, where a filter decides it
     void SetShown(OrderEntry* entry, bool shown);
     static bool IsShown(const OrderEntry* entry) { return entry->Row.ShownMark == kShown; }
     // How many shown rows stand above.
-    int CountShownAbove(const OrderEntry* entry) const { return m_Shown.CountAbove(entry); }
+    int CountShownAbove(const OrderEntry* entry) const { return m_Shown.CountAbove(entry->Serial); }
 
     // ---- touched rows: shown ones to be looked at again
     void Touch(OrderEntry* entry);  // a row that is not shown is passed over
-    void TouchAll();
     // From the bottom up; null: no more.
     OrderEntry* TakeTouched();
 
 private:
     static constexpr char kShown = 's';
+
+    static bool IsUnmarked(const OrderEntry* entry) { return entry->Mark == RowMark::None; }
 
     bool ReserveOne();
     void ChangeMark(OrderEntry* entry, RowMark mark) {
@@ -120,14 +152,14 @@ private:
         entry->Mark = mark;
     }
 
-    uint64_t m_nNextSerial = 0;
+    uint32_t m_nNextSerial = 0;
     int m_nRows[3] = {};  // by mark
     NodePool<OrderEntry> m_Entries;
     NumberIndex<OrderEntry> m_Index;
-    RowsInOrder m_Rows;
-    RowsInOrder m_Marked;
-    RowsInOrder m_Shown;
-    RowsInOrder m_Touched;
+    InListOrder<uint32_t> m_Rows;
+    InListOrder<uint32_t> m_Shown;
+    InListOrder<OrderEntry*> m_Marked;
+    InListOrder<OrderEntry*> m_Touched;
 };
 
 #endif
