@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "decoders/OrderLog.h"
-#include "framework/init_reader.h"
 
 namespace {
 
@@ -43,9 +42,7 @@ void WriteLog(ViewBuffer& message) {
 
 CRSNOCH21::CRSNOCH21(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRSNOCH21::OnOrderPacket>) {}
 
-int CRSNOCH21::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int CRSNOCH21::OnInit(InitReader& in) {
     m_Tag = in.Tag();
     OpenOrdersInit init;
     if (!in.Read(init)) {
@@ -61,16 +58,6 @@ int CRSNOCH21::Init(const char* buffer) {
     }
     ClearOrders();
     return m_Rows.ReadRows(in, count) ? 1 : 0;
-}
-
-void CRSNOCH21::Stop() {
-    CRTMPacketDecoder::Stop();
-    ClearOrders();
-}
-
-void CRSNOCH21::Release() {
-    CRTMPacketDecoder::Release();
-    ClearOrders();
 }
 
 // ------------------------------------------------------------------ notices
@@ -224,9 +211,6 @@ void CRSNOCH21::SendRows(char operation, int index, char action) {
     }
 }
 
-void CRSNOCH21::EndUnpack() {
-    if (m_bChanged != 0 && m_bStopped == 0) {
-        m_bChanged = 0;
-        SendRows(kUpdateRows, kNoSingleRow, kChangedRows);
-    }
+void CRSNOCH21::OnEndUnpack() {
+    SendRows(kUpdateRows, kNoSingleRow, kChangedRows);
 }

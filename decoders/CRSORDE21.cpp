@@ -4,8 +4,6 @@
 #include <cstring>
 #include <utility>
 
-#include "framework/init_reader.h"
-
 namespace {
 
 // The words of an order that is past its acceptance.
@@ -37,9 +35,7 @@ const Word& ParentWord(const OrderRow& parent, int64_t open, const Word& waiting
 
 CRSORDE21::CRSORDE21(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRSORDE21::OnOrderPacket>) {}
 
-int CRSORDE21::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int CRSORDE21::OnInit(InitReader& in) {
     m_Tag = in.Tag();
     // The last reserved byte may be missing where no rows follow.
     OrderListInit init;
@@ -58,16 +54,6 @@ int CRSORDE21::Init(const char* buffer) {
     }
     ClearOrders();
     return m_Rows.ReadRows(in, count) ? 1 : 0;
-}
-
-void CRSORDE21::Stop() {
-    CRTMPacketDecoder::Stop();
-    ClearOrders();
-}
-
-void CRSORDE21::Release() {
-    CRTMPacketDecoder::Release();
-    ClearOrders();
 }
 
 // ------------------------------------------------------------------ notices
@@ -226,9 +212,6 @@ void CRSORDE21::SendRows(char operation, int index, char action) {
     PostToView(PackMarked(m_Rows, m_Tag, operation, index, action));
 }
 
-void CRSORDE21::EndUnpack() {
-    if (m_bChanged != 0 && m_bStopped == 0) {
-        m_bChanged = 0;
-        SendRows(kUpdateRows, kNoSingleRow, kChangedRows);
-    }
+void CRSORDE21::OnEndUnpack() {
+    SendRows(kUpdateRows, kNoSingleRow, kChangedRows);
 }

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "decoders/OrderFilters.h"
-#include "framework/init_reader.h"
 
 namespace {
 
@@ -20,9 +19,7 @@ bool IsInTransit(const OrderRow& row) {
 
 CRSORDE22::CRSORDE22(HWND hWnd) : CRTMPacketDecoder(hWnd, Takes<&CRSORDE22::OnOrderPacket>) {}
 
-int CRSORDE22::Init(const char* buffer) {
-    CRTMPacketDecoder::Init(buffer);
-    InitReader in(buffer);
+int CRSORDE22::OnInit(InitReader& in) {
     m_Tag = in.Tag();
     ClearOrders();
     FilteredOrdersInit init;
@@ -42,16 +39,6 @@ int CRSORDE22::Init(const char* buffer) {
     }
     SendRows(kAllRows);
     return 1;
-}
-
-void CRSORDE22::Stop() {
-    CRTMPacketDecoder::Stop();
-    ClearOrders();
-}
-
-void CRSORDE22::Release() {
-    CRTMPacketDecoder::Release();
-    ClearOrders();
 }
 
 // ------------------------------------------------------------------ notices
@@ -227,11 +214,8 @@ void CRSORDE22::ClearOrders() {
 
 // ------------------------------------------------------------------ the view
 
-void CRSORDE22::EndUnpack() {
-    if (m_bChanged != 0 && m_bStopped == 0) {
-        m_bChanged = 0;
-        SendRows(kChangedRows);
-    }
+void CRSORDE22::OnEndUnpack() {
+    SendRows(kChangedRows);
 }
 
 void CRSORDE22::SendRows(char action) {

@@ -16,13 +16,13 @@ public:
 
     explicit CRSORDE22(HWND hWnd);
 
-    int Init(const char* buffer) override;
-    void Stop() override;
-    void Release() override;
-    void EndUnpack() override;
     const char* GetMapName() const override { return kMapName; }
 
 private:
+    int OnInit(InitReader& in) override;
+    void OnStop() override { ClearOrders(); }
+    void OnRelease() override { ClearOrders(); }
+    void OnEndUnpack() override;
     int OnOrderPacket(const OrderPacket& notice);
 
     void ApplySending(const OrderEvent& event);

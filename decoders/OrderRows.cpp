@@ -1,9 +1,9 @@
 #include "decoders/OrderRows.h"
 
 #include <algorithm>
-#include <cstring>
 #include <iterator>
 #include <limits>
+#include <span>
 
 #include "framework/codecs.h"
 
@@ -18,18 +18,15 @@ void OrderRows::Clear() {
     m_nNextSerial = 0;
 }
 
-bool OrderRows::ReadRows(InitReader& in, int count) {
+bool OrderRows::ReadRows(const InitReader& in, int count) {
     Clear();
-    constexpr auto kRowSize = static_cast<int>(sizeof(OrderRow));
-    if (in.Remain() != count * kRowSize) {
+    const std::span<const OrderRow> rows = in.RestAs<OrderRow>();
+    if (in.Remain() != count * static_cast<int>(sizeof(OrderRow))) {
         return false;
     }
     // The list grows at its top, so the last row goes in first.
-    const char* rows = in.Rest();
-    for (int i = count - 1; i >= 0; --i) {
-        OrderRow row;
-        std::memcpy(&row, rows + static_cast<std::ptrdiff_t>(i) * kRowSize, sizeof(row));
-        OrderEntry* entry = InsertTop(row, RowMark::Changed);
+    for (std::size_t i = rows.size(); i > 0; --i) {
+        OrderEntry* entry = InsertTop(rows[i - 1], RowMark::Changed);
         if (entry == nullptr) {
             Clear();
             return false;

@@ -88,7 +88,7 @@ public:
     void Clear();
     // Copies the rows that the text has left, each to go out as changed; those that it shows are touched.
     // False: it is not exactly so many, or memory failed; the list is empty then.
-    bool ReadRows(InitReader& in, int count);
+    bool ReadRows(const InitReader& in, int count);
 
     // A copy of the row at the top. Null: memory failed, nothing changed.
     OrderEntry* InsertTop(const OrderRow& row, RowMark mark);

@@ -145,12 +145,9 @@ private:
     // What the fan-out looks at comes first.
     KeyFilter m_KeyFilter;
     int m_bActive = 0;
-
-protected:
     int m_bStopped = 1;  // from construction, and by Stop; no handler runs and nothing is sent
     int m_bChanged = 0;  // handlers' results since the last send
 
-private:
     void TellWindow();
 
     int m_nUntold = 0;  // items in the queue that the window has had no message of

@@ -3,6 +3,7 @@
 #define TICKMUX_FRAMEWORK_PLAIN_ARRAY_H
 
 #include <algorithm>
+#include <cassert>
 #include <cstddef>
 #include <memory>
 #include <new>
@@ -40,6 +41,7 @@ public:
 
     // There must be room; the items behind move down.
     void Insert(std::size_t place, const T& item) {
+        assert(place <= m_nSize && m_nSize < m_nRoom);
         T* at = m_pItems.get() + place;
         std::copy_backward(at, m_pItems.get() + m_nSize, m_pItems.get() + m_nSize + 1);
         *at = item;
@@ -54,8 +56,14 @@ public:
 
     void Clear() { m_nSize = 0; }
     // To more items, their values not set; there must be room.
-    void Stretch(std::size_t size) { m_nSize = size; }
-    void Shrink(std::size_t size) { m_nSize = size; }
+    void Stretch(std::size_t size) {
+        assert(m_nSize <= size && size <= m_nRoom);
+        m_nSize = size;
+    }
+    void Shrink(std::size_t size) {
+        assert(size <= m_nSize);
+        m_nSize = size;
+    }
 
 private:
     bool Grow() {
