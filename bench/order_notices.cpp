@@ -111,6 +111,7 @@ void OnFreshList(benchmark::State& state, const char* map, HWND window, std::vec
 // Rows come in at the top.
 void Insertion(benchmark::State& state) {
     std::vector<std::string> packets;
+    packets.reserve(kNotices);
     for (int i = 0; i < kNotices; ++i) {
         packets.push_back(Accepted(Number(100000 + i), 1).Bytes());
     }
@@ -143,7 +144,7 @@ intptr_t Fetch(void* /*context*/, HWND /*window*/, uint32_t message, uintptr_t w
 
 // Of filled orders the view is told their place among the others that it shows.
 void Withdrawal(benchmark::State& state) {
-    const HWND window = tickhost_create_window(&Fetch, nullptr);
+    HWND window = tickhost_create_window(&Fetch, nullptr);
     OnFreshList(state, "RSORDE22_R", window, WholeFills(static_cast<int>(state.range(0))));
     tickhost_destroy_window(window);
 }

@@ -111,9 +111,9 @@ void CRSNOCH21::ApplyAcceptance(const OrderEvent& event) {
 
 bool CRSNOCH21::ApplyEvent(const OrderEvent& event) {
     OrderEntry* own = m_Rows.FindRow(event.OrderNo);
-    OrderEntry* parent = m_Rows.FindRow(event.ParentOrderNo);
     if (own == nullptr) {
         // A confirmation before its acceptance: the parent goes at once, the event waits.
+        OrderEntry* parent = m_Rows.FindRow(event.ParentOrderNo);
         const bool amended = event.EventCode == EventCode::Amendment;
         if (parent != nullptr && (amended || event.EventCode == EventCode::Cancellation)) {
             RemoveRow(*parent);

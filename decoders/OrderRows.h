@@ -86,7 +86,7 @@ private:
 class OrderRows {
 public:
     void Clear();
-    // Copies the rows that the text has left, each to go out as changed; those that it shows are touched.
+    // Copies the rows that the text has left, each to go out as changed; shown ones are touched.
     // False: it is not exactly so many, or memory failed; the list is empty then.
     bool ReadRows(const InitReader& in, int count);
 
