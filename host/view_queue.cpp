@@ -1,7 +1,7 @@
 // The view queue: the module adds on its thread, the host takes on its own.
 #include <array>
 #include <memory>
-#include <new>
+#include <span>
 #include <utility>
 
 #include "host/exports.h"
@@ -68,15 +68,17 @@ CRtmPtrList::~CRtmPtrList() {
 
 POSITION CRtmPtrList::AddTail(void* item) {
     const std::lock_guard hold(m_Lock);
-    if (m_pFree == nullptr) {
+    Node* node = m_pFree;
+    if (node != nullptr) {
+        m_pFree = node->Next;
+    } else {
         m_pBlocks = new Block{m_pBlocks, {}};
-        for (Node& node : m_pBlocks->Nodes) {
-            node.Next = m_pFree;
-            m_pFree = &node;
+        node = &m_pBlocks->Nodes.front();
+        for (Node& other : std::span(m_pBlocks->Nodes).subspan(1)) {
+            other.Next = m_pFree;
+            m_pFree = &other;
         }
     }
-    Node* const node = m_pFree;
-    m_pFree = node->Next;
     *node = {nullptr, item, true};
     (m_pTail == nullptr ? m_pHead : m_pTail->Next) = node;
     m_pTail = node;

@@ -117,9 +117,9 @@ def parted(batch):
     while batch:
         later = []
         while len(batch) > 1:
-            _, told = in_one_text(batch, f"--checks=-*,{CHEAPEST}")
+            _, told = in_one_text(batch, f"--checks=-*,{CHEAPEST},clang-diagnostic-*")
             clash = {source for source in batch[1:] if re.search(
-                rf"{re.escape(source.path)}:\d+:\d+: error: .*clang-diagnostic-error", told)}
+                rf"{re.escape(source.path)}:\d+:\d+: error: .*clang-diagnostic-", told)}
             if not clash:
                 break
             later += [source for source in batch if source in clash]

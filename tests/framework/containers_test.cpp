@@ -1,6 +1,7 @@
 // The module's containers against the standard library's, over random lives.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <random>
@@ -19,26 +20,23 @@ int Any(int below) {
     return std::uniform_int_distribution(0, below - 1)(g_Random);
 }
 
-struct Event {
-    int32_t Number;
-    int Id;
-};
-
 // Node pool and number index.
 TEST(Containers, ParkedEventsOfANumberLeaveOldestFirst) {
-    ParkedEvents<Event> events;
+    ParkedEvents events;
     std::map<int32_t, std::deque<int>> model;
+    OrderEvent event{};
     for (int id = 0; id < 20000; ++id) {
-        Event event{Any(100) * 16 - 800, id};
-        std::deque<int>& ids = model[event.Number];
+        event.OrderNo = Any(100) * 16 - 800;
+        std::deque<int>& ids = model[event.OrderNo];
         if (Any(2) == 0) {
+            event.Quantity = id;
             events.Park(event);
             ids.push_back(id);
         } else if (ids.empty()) {
-            ASSERT_FALSE(events.Take(event.Number, event));
+            ASSERT_FALSE(events.Take(event.OrderNo, event));
         } else {
-            ASSERT_TRUE(events.Take(event.Number, event));
-            ASSERT_EQ(event.Id, ids.front());
+            ASSERT_TRUE(events.Take(event.OrderNo, event));
+            ASSERT_EQ(event.Quantity, ids.front());
             ids.pop_front();
         }
     }
@@ -54,26 +52,27 @@ TEST(Containers, OrderRowsTellPlacesMarksAndTouchesOfAList) {
         return found;
     };
     for (int step = 0; step < 20000; ++step) {
-        const std::size_t most = step / 1000 % 2 == 0 ? 100 : 10;  // few among many ranks: gaps are closed
+        const std::size_t most = step / 1000 % 2 == 0 ? 100 : 10;
         while (model.size() < 5 || (model.size() < most && Any(2) == 0)) {
             OrderRow row;
             FillBlank(row);
             row.OrderNo[6] = static_cast<char>('0' + Any(10));
             row.ShownMark = Any(2) == 0 ? 's' : ' ';
-            model.insert(model.begin(), rows.InsertTop(row));
+            model.insert(model.begin(), rows.InsertTop(row, RowMark::None));
         }
         const auto shown = those(&OrderRows::IsShown);
         std::map<int32_t, OrderEntry*> first;
         for (std::size_t place = 0, above = 0; place < model.size(); ++place) {
             OrderEntry* const entry = model[place];
-            ASSERT_EQ(rows.PlaceOf(entry), static_cast<int>(place));
-            ASSERT_EQ(rows.ShownAbove(entry), static_cast<int>(above));
-            ASSERT_EQ(rows.Find(entry->Number), first.emplace(entry->Number, entry).first->second);
-            above += above < shown.size() && shown[above] == entry ? 1 : 0;
+            ASSERT_EQ(rows.IndexOf(entry), static_cast<int>(place));
+            ASSERT_EQ(rows.FindRow(entry->Number), first.emplace(entry->Number, entry).first->second);
+            if (above < shown.size() && shown[above] == entry) {
+                ASSERT_EQ(rows.CountShownAbove(entry), static_cast<int>(above++));
+            }
         }
-        const auto& sorted = rows.SortMarked();
-        ASSERT_EQ(Entries(sorted.Data(), sorted.Data() + sorted.Size()),
-                  those([](const OrderEntry* entry) { return entry->Mark != RowMark::None; }));
+        Entries sorted;
+        rows.VisitMarked([&sorted](OrderEntry& entry) { return sorted.push_back(&entry), entry.Mark; });
+        ASSERT_EQ(sorted, those([](const OrderEntry* entry) { return entry->Mark != RowMark::None; }));
         const auto at = model.begin() + Any(static_cast<int>(model.size()));
         const auto mark = static_cast<RowMark>(Any(3));
         const int action = Any(8);
@@ -88,10 +87,11 @@ TEST(Containers, OrderRowsTellPlacesMarksAndTouchesOfAList) {
             const Entries touched = those([](const OrderEntry* entry) { return entry->Touched; });
             ASSERT_EQ(rows.TakeTouched(), touched.empty() ? nullptr : touched.back());
         } else if (action == 4 && mark != RowMark::None) {
-            const Entries marked = those([mark](const OrderEntry* entry) { return entry->Mark == mark; });
+            Entries marked = those([mark](const OrderEntry* entry) { return entry->Mark == mark; });
             ASSERT_EQ(rows.CountMarked(mark), static_cast<int>(marked.size()));
             Entries taken;
             rows.TakeMarked(mark, [&taken](OrderEntry& entry) { taken.push_back(&entry); });
+            std::reverse(marked.begin(), marked.end());
             ASSERT_EQ(taken, marked);
         } else {
             rows.SetMark(*at, mark);
