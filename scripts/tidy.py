@@ -4,9 +4,10 @@
     scripts/tidy.py BUILD...     the sources that these build folders have compiled
 
 What is clean is noted in build/tidy/clean.json: a source with its headers, its compile command, the settings and
-the version of clang-tidy. Sources with one command are checked in batches, each as one text that includes them, since
-most of the time goes into the headers of the standard library; sources that cannot stand in one text, because they
-have a name in common, are parted. Exit 1 if anything is found.
+the version of clang-tidy. Where the settings leave the analyzer out, sources with one command are checked in batches,
+each as one text that includes them, since most of the time goes into the headers of the standard library; sources that
+cannot stand in one text, because they have a name in common, are parted. The analyzer looks at a main file alone, so
+that what it is for is checked one by one. Exit 1 if anything is found.
 """
 
 import concurrent.futures
@@ -105,9 +106,7 @@ def in_one_text(batch, *options):
     unity.write_text("".join(f'#include "{HERE}/{source.path}"  // NOLINT(bugprone-suspicious-include)\n'
                              for source in batch), encoding="utf-8")
     try:
-        # The analyzer looks at what is included only when it is told to.
-        command = [*batch[0].command, "-Xclang", "-analyzer-opt-analyze-headers"]
-        return run_tidy(unity, command, "--header-filter=.*", *options)
+        return run_tidy(unity, batch[0].command, "--header-filter=.*", *options)
     finally:
         unity.unlink()
 
@@ -146,9 +145,12 @@ def check_all(sources):
 
 
 def batches_of(sources):
+    plain = [str(path.parent.relative_to(HERE)) + "/" for path in SETTINGS
+             if "-clang-analyzer-*" in path.read_text(encoding="utf-8") and path.parent != HERE]
     groups = {}
     for source in sources:
-        groups.setdefault((os.path.dirname(source.path), tuple(source.command)), []).append(source)
+        alone = "" if source.path.startswith(tuple(plain)) else source.path
+        groups.setdefault((os.path.dirname(source.path), tuple(source.command), alone), []).append(source)
     for group in groups.values():
         for start in range(0, len(group), BATCH):
             yield group[start:start + BATCH]
