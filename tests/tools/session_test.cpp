@@ -283,14 +283,14 @@ TEST_F(Session, TheSameOptionsGiveTheSameBytes) {
     EXPECT_EQ(session, generate("--seed 7"));
     EXPECT_NE(session, generate("--seed 8"));
     // A name of standard output is written through; no other file takes its place.
-    const std::string piped = m_Folder.Path("piped.pcap");
+    const std::string piped = m_Folder.Write("piped", "before ");
     std::filesystem::create_symlink("/proc/self/fd/1", m_Folder.Path("out"));
-    EXPECT_EQ(RunTool("feedgen", "--minutes 2 --seed 7 --output " + m_Folder.Path("out") + " >" + piped).Text,
-              "");
-    EXPECT_EQ(session, ReadFile(piped));
+    EXPECT_EQ(
+        RunTool("feedgen", "--minutes 2 --seed 7 --output " + m_Folder.Path("out") + " >>" + piped).Text, "");
+    EXPECT_EQ("before " + session, ReadFile(piped));
 
     // Another clock moves the records' times only.
-    tools::CaptureReader here(piped);
+    tools::CaptureReader here(m_Folder.Write("here", session));
     tools::CaptureRecord a;
     Each("--minutes 2 --seed 7 --utc-offset +07:30", [&](const tools::CaptureRecord& b) {
         ASSERT_TRUE(here.Next(a));
