@@ -81,7 +81,7 @@ protected:
     CRTMPacketDecoder(HWND hWnd, const PacketSlots& slots) : m_Slots(slots), m_hWnd(hWnd) {}
 
     // Takes the answer of an inquiry; gives what Init gives.
-    virtual int OnInit(InitReader& /*in*/) { return 1; }
+    virtual int OnInit(InitReader& in) = 0;
     // Sends what has changed; without more said, a copy of the output image. The change is marked as sent
     // before, so that one which the window causes from within its message is sent too.
     virtual void OnEndUnpack() { PostOutput(); }

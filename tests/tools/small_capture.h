@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
-#include <regex>
 #include <string>
 
 #include "tests/tools/tool_runs.h"
@@ -42,7 +42,11 @@ protected:
             "tickreplay", options + " " + m_Folder.Write("w", workspace) + " " + m_Folder.Path("p.pcap"));
         EXPECT_EQ(outcome.Status, 0);
         const std::size_t end = outcome.Text.find("Summary\n");
-        Summary = std::regex_replace(outcome.Text.substr(end), std::regex("  (seconds|packets/s):.*\n"), "");
+        Summary = outcome.Text.substr(end);
+        for (const char* line : {"  seconds:", "  packets/s:"}) {
+            const std::size_t at = std::min(Summary.find(line), Summary.size());
+            Summary.erase(at, Summary.find('\n', at) + 1 - at);
+        }
         return outcome.Text.substr(0, end);
     }
 
