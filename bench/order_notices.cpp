@@ -31,7 +31,7 @@ std::string Number(int number) {
 }
 
 // More than any notice fills, but one that fills all.
-constexpr int64_t kOrdered = 1000000000;
+constexpr int64_t kOrdered = 999999999;  // in hundredths eleven digits
 
 std::string FillNotice(int number, int serial, int64_t quantity = 1) {
     Notice fill = Filled(Number(number), quantity, std::to_string(1000 + serial % 50));

@@ -59,6 +59,7 @@ CRTMMapManager::~CRTMMapManager() {
     ClearMap();
 }
 
+// NOLINTNEXTLINE(readability-non-const-parameter): the exported name has it so
 void CRTMMapManager::SetMutexName(char* name) {
     CopyName(m_szMutexName, name == nullptr ? "" : name);
 }
@@ -142,6 +143,7 @@ void CRTMMapManager::Destroy(tagMAPINFO* map) {
     decoder->Release();
 }
 
+// NOLINTNEXTLINE(readability-non-const-parameter): the exported name has it so
 int CRTMMapManager::InitMapDecoder(tickmux_handle handle, char* buffer) {
     if (handle == 0) {
         AfxThrowInvalidArgException();

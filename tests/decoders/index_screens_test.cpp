@@ -41,7 +41,7 @@ TEST_F(IndexPanelScreen, AnUpdateFillsItsFieldsAndLeavesTheInquirys) {
 // 990 is 1000 less a rise of 10, by the texts; or the first update's.
 TEST_F(IndexPanelScreen, TheBaseIsThatOfTheFirstThreeFieldsOrElseTheFirstUpdates) {
     const std::string fields = Tagged("1", "1000.0000") + "1" + Tagged("1", "10.0000") + Left("", 59);
-    for (const auto& [from, index] : {std::pair(0U, 70000000), {1U, 9900000}}) {
+    for (const auto& [from, index] : {std::pair(std::size_t{0}, 70000000), {std::size_t{1}, 9900000}}) {
         Open(Inquiry(from == 0 ? "0006" : "0106", fields.substr(from * 17)));
         EXPECT_EQ(
             After(IndexUpdate("COMP").Index(index).Day(9900000, 9900001, 9899999)).substr(45 - from * 17),
