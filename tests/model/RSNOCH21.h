@@ -58,7 +58,7 @@ struct RSNOCH21 : Orders {
     }
     void RemoveRow(const OrderPtr& order) {
         const int64_t place = PlaceOf(order);
-        List.erase(List.begin() + place);
+        List.erase(List.begin() + static_cast<std::ptrdiff_t>(place));
         SendMarked('D', place, '3');
     }
     void RemoveIfNothingOpen(const OrderPtr& order) {
