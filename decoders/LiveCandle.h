@@ -59,8 +59,8 @@ public:
 
     // No candle yet, at a period.
     void Reset(const Period& period);
-    // Goes on from the newest candle of the inquiry; a row of spaces is none. Gives what Rollover gives, for a
-    // candle that is finished.
+    // Goes on from the newest candle of the inquiry; a row of spaces is none. Gives what Rollover gives, for
+    // a candle that is finished.
     bool TakeNewest(const CandleInit& init, const Row& row);
 
     const Period& AtPeriod() const { return m_Period; }
