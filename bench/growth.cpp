@@ -69,7 +69,7 @@ bench::Script WatchedCodes(unsigned size) {
     script.World = std::make_shared<bench::MonitorTerminal>(size, 0);
     script.Screens = {{"RSFLDN01_R", "M1unread.."}};
     for (int i = 0; i < kPackets; ++i) {
-        script.Feed.push_back(market.NextCompactTrade(StockOf(market.Below(size * 2))).Bytes());
+        script.Feed.push_back(market.NextCompactTrade(StockOf(market.Below(int64_t{size} * 2))).Bytes());
     }
     script.nBatch = 64;
     return script;

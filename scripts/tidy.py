@@ -27,6 +27,7 @@ CLEAN = FOLDER / "clean.json"
 BATCH = 16
 CHEAPEST = "misc-unused-alias-decls"  # parses, and looks for hardly anything
 SETTINGS = sorted(path for path in HERE.glob("**/.clang-tidy") if not path.is_relative_to(FOLDER))
+MAIN = re.compile(r"^int main\\(|_MAIN\\(", re.MULTILINE)
 USING = re.compile(r"^\s*using [\w:]+;", re.MULTILINE)
 # Compiler options that clang does not know, and the launcher in front.
 UNKNOWN = {"-fno-gnu-unique", "-fprofile-update=atomic"}
@@ -149,7 +150,8 @@ def batches_of(sources):
              if "-clang-analyzer-*" in path.read_text(encoding="utf-8") and path.parent != HERE]
     groups = {}
     for source in sources:
-        alone = "" if source.path.startswith(tuple(plain)) else source.path
+        alone = "" if source.path.startswith(tuple(plain)) and not MAIN.search(
+            pathlib.Path(source.path).read_text(encoding="utf-8")) else source.path
         groups.setdefault((os.path.dirname(source.path), tuple(source.command), alone), []).append(source)
     for group in groups.values():
         for start in range(0, len(group), BATCH):
