@@ -27,7 +27,7 @@ CLEAN = FOLDER / "clean.json"
 BATCH = 16
 CHEAPEST = "misc-unused-alias-decls"  # parses, and looks for hardly anything
 SETTINGS = sorted(path for path in HERE.glob("**/.clang-tidy") if not path.is_relative_to(FOLDER))
-MAIN = re.compile(r"^int main\\(|_MAIN\\(", re.MULTILINE)
+MAIN = re.compile(r"^int main\(|_MAIN\(", re.MULTILINE)
 USING = re.compile(r"^\s*using [\w:]+;", re.MULTILINE)
 # Compiler options that clang does not know, and the launcher in front.
 UNKNOWN = {"-fno-gnu-unique", "-fprofile-update=atomic"}
