@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "framework/tickmux.h"
 #include "host/tickhost.h"
+#include "module/framework/tickmux.h"
 #include "tests/support/inquiries.h"
 
 namespace {

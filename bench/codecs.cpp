@@ -8,7 +8,7 @@
 
 #include "bench/plain/codecs.h"
 #include "bench/support/question.h"
-#include "framework/codecs.h"
+#include "module/wire/codecs.h"
 #include "tests/support/market.h"
 
 namespace {

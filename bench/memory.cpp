@@ -8,7 +8,7 @@
 #include <set>
 
 #include "bench/support/workspace.h"
-#include "tools/errors.h"
+#include "terminal/errors.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 
 #include "bench/support/session.h"
 #include "bench/support/workspace.h"
-#include "tools/capture.h"
-#include "tools/errors.h"
+#include "terminal/capture.h"
+#include "terminal/errors.h"
 
 namespace {
 

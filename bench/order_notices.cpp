@@ -16,9 +16,9 @@
 #include <utility>
 #include <vector>
 
-#include "framework/tickmux.h"
-#include "host/platform.h"
+#include "host/platform/platform.h"
 #include "host/tickhost.h"
+#include "module/framework/tickmux.h"
 #include "tests/support/orders.h"
 
 namespace {

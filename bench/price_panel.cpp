@@ -1,7 +1,7 @@
 // A trade into the current-price panel, with all its fields, and out.
 
 #include "bench/support/session.h"
-#include "layouts/RSTRDE01.h"
+#include "module/layouts/RSTRDE01.h"
 #include "tests/support/market.h"
 
 int main(int argc, char** argv) {

@@ -113,7 +113,7 @@ def machine():
         model = re.search(r"model name\s*: (.*)", info.read_text()).group(1)
     compiler = subprocess.run(["c++", "--version"], capture_output=True, text=True).stdout.splitlines()[0]
     commands = json.loads(pathlib.Path("build/release/compile_commands.json").read_text())
-    flags = next(c["command"] for c in commands if c["file"].endswith("framework/codecs.cpp"))
+    flags = next(c["command"] for c in commands if c["file"].endswith("module/wire/codecs.cpp"))
     kept = [flag for flag in flags.split() if re.match(r"-(O|m|f|std|DNDEBUG)", flag)]
     return f"{model}; {compiler}; {' '.join(kept)}"
 

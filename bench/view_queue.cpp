@@ -7,7 +7,7 @@
 #include <mutex>
 #include <thread>
 
-#include "host/services.h"
+#include "host/services/services.h"
 #include "host/tickhost.h"
 
 namespace {

@@ -1,10 +1,10 @@
 // A capture, replayed into a screen of the kind that a first byte tells.
-#include "tools/capture.h"
+#include "terminal/capture.h"
 #include "fuzz/input.h"
 #include "fuzz/memory_file.h"
 #include "fuzz/tool_screens.h"
-#include "tools/errors.h"
-#include "tools/packet_tally.h"
+#include "terminal/errors.h"
+#include "terminal/packet_tally.h"
 
 using namespace fuzz;
 

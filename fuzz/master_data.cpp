@@ -1,9 +1,9 @@
 // A file of stocks and brokers.
-#include "tools/master_data.h"
+#include "terminal/master_data.h"
 
 #include "fuzz/fold.h"
 #include "fuzz/memory_file.h"
-#include "tools/errors.h"
+#include "terminal/errors.h"
 
 using namespace fuzz;
 

@@ -1,14 +1,14 @@
 // Writes the corpus's first inputs: the samples, and a short session of the feed generator.
 //
-//     fuzz_seeds FOLDER tools/samples
+//     fuzz_seeds FOLDER terminal/samples
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "feed/feed.h"
 #include "fuzz/desk.h"
-#include "tools/feed.h"
-#include "tools/screens/screen.h"
+#include "terminal/screens/screen.h"
 
 using namespace fuzz;
 
@@ -116,7 +116,7 @@ void WriteCaptures(const fs::path& corpus) {
 
 int main(int argc, char** argv) {
     if (argc != 3) {
-        std::fputs("usage: fuzz_seeds FOLDER tools/samples\n", stderr);
+        std::fputs("usage: fuzz_seeds FOLDER terminal/samples\n", stderr);
         return 2;
     }
     WriteInits(argv[1]);

@@ -6,7 +6,7 @@
 
 #include "fuzz/desk.h"
 #include "fuzz/fold.h"
-#include "tools/screens/screen.h"
+#include "terminal/screens/screen.h"
 
 namespace fuzz {
 

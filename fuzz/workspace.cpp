@@ -2,7 +2,7 @@
 #include "tests/support/workspace.h"
 #include "fuzz/memory_file.h"
 #include "fuzz/tool_screens.h"
-#include "tools/errors.h"
+#include "terminal/errors.h"
 
 using namespace fuzz;
 

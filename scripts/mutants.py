@@ -19,7 +19,7 @@ import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 HOME = ROOT / "build" / "mutants"
-FOLDERS = ("framework", "decoders")
+FOLDERS = ("module/wire", "module/containers", "module/framework", "module/decoders")
 # Quick ones first: a change that one notices is not tried on the next. The long load and unload is left out.
 # These load the module, so that only it is built anew; the tests of its parts are linked with them.
 MODULE_TESTS = ("module_tests", "load_tests", "model_tests", "reliability_tests")
@@ -91,7 +91,7 @@ def mutants_of(path):
 
 
 def all_mutants():
-    paths = sorted(p for folder in FOLDERS for p in (ROOT / folder).iterdir() if p.suffix in (".cpp", ".h"))
+    paths = sorted(p for folder in FOLDERS for p in (ROOT / folder).rglob("*") if p.suffix in (".cpp", ".h"))
     return [mutant for path in paths for mutant in mutants_of(path)]
 
 

@@ -5,7 +5,7 @@
 #include "bench/plain/codecs.h"
 #include "bench/plain/framework.h"
 #include "bench/plain/rates.h"
-#include "layouts/RSITST01.h"
+#include "module/layouts/RSITST01.h"
 
 namespace plain {
 

@@ -4,7 +4,7 @@
 #include "bench/plain/codecs.h"
 #include "bench/plain/framework.h"
 #include "bench/plain/rates.h"
-#include "layouts/RSODER01.h"
+#include "module/layouts/RSODER01.h"
 
 namespace plain {
 

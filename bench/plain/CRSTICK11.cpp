@@ -4,7 +4,7 @@
 #include "bench/plain/codecs.h"
 #include "bench/plain/framework.h"
 #include "bench/plain/waiting_rows.h"
-#include "layouts/RSTICK11.h"
+#include "module/layouts/RSTICK11.h"
 
 namespace plain {
 

@@ -4,7 +4,7 @@
 #include "bench/plain/codecs.h"
 #include "bench/plain/field_record.h"
 #include "bench/plain/framework.h"
-#include "layouts/RSTRDE01.h"
+#include "module/layouts/RSTRDE01.h"
 
 namespace plain {
 

@@ -7,8 +7,8 @@
 
 #include "bench/plain/codecs.h"
 #include "bench/plain/rates.h"
-#include "decoders/PanelRecord.h"
-#include "framework/field_panel.h"
+#include "module/decoders/panels/PanelRecord.h"
+#include "module/layouts/field_panel.h"
 
 namespace plain {
 

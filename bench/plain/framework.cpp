@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "bench/plain/codecs.h"
-#include "framework/tickmux.h"
+#include "module/framework/tickmux.h"
 
 namespace plain {
 

@@ -9,9 +9,9 @@
 #include <mutex>
 #include <string>
 
-#include "framework/packets.h"
-#include "framework/shapes.h"
-#include "host/platform.h"
+#include "host/platform/platform.h"
+#include "module/wire/packets.h"
+#include "module/wire/shapes.h"
 
 namespace plain {
 

@@ -11,8 +11,8 @@
 
 #include "bench/support/plain_form.h"
 #include "bench/support/question.h"
-#include "host/platform.h"
-#include "host/services.h"
+#include "host/platform/platform.h"
+#include "host/services/services.h"
 #include "tests/support/host_parts.h"
 
 namespace bench {

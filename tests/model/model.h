@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/packets.h"
+#include "module/wire/packets.h"
 
 using Rows = std::vector<std::string>;
 

@@ -7,12 +7,13 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "layouts/RICAND11.h"
-#include "layouts/RSCAND11.h"
-#include "layouts/RSFLDN01.h"
-#include "layouts/RSITST01.h"
-#include "layouts/RSODER01.h"
-#include "layouts/RSTRBK01.h"
+#include "feed/random.h"
+#include "module/layouts/RICAND11.h"
+#include "module/layouts/RSCAND11.h"
+#include "module/layouts/RSFLDN01.h"
+#include "module/layouts/RSITST01.h"
+#include "module/layouts/RSODER01.h"
+#include "module/layouts/RSTRBK01.h"
 #include "tests/model/RSFLDN01.h"
 #include "tests/model/RSITST01.h"
 #include "tests/model/RSNOCH21.h"
@@ -25,7 +26,6 @@
 #include "tests/support/orders.h"
 #include "tests/support/samples.h"
 #include "tests/support/terminal.h"
-#include "tools/random.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <set>
 
-#include "framework/shapes.h"
+#include "module/wire/shapes.h"
 #include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
 

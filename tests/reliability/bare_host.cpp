@@ -1,6 +1,6 @@
 #include "tests/reliability/bare_host.h"
 
-#include "framework/subscription_record.h"
+#include "module/wire/subscription_record.h"
 #include "tests/reliability/allocations.h"
 
 namespace {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "framework/tickmux.h"
 #include "host/tickhost.h"
+#include "module/framework/tickmux.h"
 #include "tests/support/samples.h"
 
 using Buffers = std::vector<std::string>;

@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
-#include "host/services.h"
-#include "layouts/RSTICK11.h"
-#include "layouts/RSTRBK01.h"
+#include "host/services/services.h"
+#include "module/layouts/RSTICK11.h"
+#include "module/layouts/RSTRBK01.h"
 #include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
 #include "tests/reliability/long_form.h"

@@ -8,7 +8,7 @@
 #include <sstream>
 #include <thread>
 
-#include "framework/map_manager.h"
+#include "module/framework/map_manager.h"
 #include "tests/reliability/bare_host.h"
 #include "tests/support/child_process.h"
 

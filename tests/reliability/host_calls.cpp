@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "framework/tickmux.h"
-#include "host/platform.h"
+#include "host/platform/platform.h"
+#include "module/framework/tickmux.h"
 #include "tests/reliability/allocations.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "layouts/RSCAND11.h"
+#include "module/layouts/RSCAND11.h"
 #include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
 #include "tests/support/inquiries.h"

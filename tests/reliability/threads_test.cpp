@@ -6,7 +6,7 @@
 #include <string>
 #include <thread>
 
-#include "layouts/RSTICK11.h"
+#include "module/layouts/RSTICK11.h"
 #include "tests/reliability/bare_host.h"
 #include "tests/reliability/long_form.h"
 #include "tests/support/inquiries.h"

@@ -1,7 +1,7 @@
 /* A host in C: the public header alone serves it. */
 
-#include "framework/tickmux.h"
 #include "host/tickhost.h"
+#include "module/framework/tickmux.h"
 
 int CHostRound(HWND window);
 

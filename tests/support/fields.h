@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "terminal/fields.h"
 #include "tests/support/text.h"
-#include "tools/fields.h"
 
 // Compares a buffer whole; the difference is told field by field.
 testing::AssertionResult SameFields(const std::string& actual, const std::string& expected,

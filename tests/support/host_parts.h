@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "framework/shapes.h"
-#include "framework/tickmux.h"
 #include "host/tickhost.h"
+#include "module/framework/tickmux.h"
+#include "module/wire/shapes.h"
 
 // A window whose messages go to sink.OnMessage(message, wParam, lParam).
 template <class Sink>

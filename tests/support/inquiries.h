@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "layouts/RSETFNAV.h"
-#include "layouts/RSTICK11.h"
+#include "module/layouts/RSETFNAV.h"
+#include "module/layouts/RSTICK11.h"
+#include "terminal/fields.h"
 #include "tests/support/packets.h"
 #include "tests/support/text.h"
-#include "tools/fields.h"
 
 using Rows = std::vector<std::string>;
 

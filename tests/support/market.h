@@ -6,10 +6,10 @@
 #include <array>
 #include <string>
 
+#include "feed/random.h"
 #include "tests/support/orders.h"
 #include "tests/support/packets.h"
 #include "tests/support/text.h"
-#include "tools/random.h"
 
 // "1S1000", "1S1001" ...: a stock of board 1.
 inline std::string StockOf(int64_t number) {

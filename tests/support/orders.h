@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "layouts/Orders.h"
-#include "layouts/RSORDE22.h"
+#include "module/layouts/Orders.h"
+#include "module/layouts/RSORDE22.h"
 #include "tests/support/inquiries.h"
 #include "tests/support/packets.h"
 

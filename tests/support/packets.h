@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string>
 
-#include "framework/packets.h"
+#include "module/wire/packets.h"
 
 // "1ASII" is the stock ASII on board 1.
 inline StockKey Key(const std::string& text) {

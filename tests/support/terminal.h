@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/subscription_record.h"
+#include "module/wire/subscription_record.h"
 #include "tests/support/fields.h"
 #include "tests/support/host_parts.h"
 #include "tests/support/packets.h"

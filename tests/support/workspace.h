@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "terminal/screens/screen.h"
+#include "terminal/workspace.h"
 #include "tests/support/host_parts.h"
-#include "tools/screens/screen.h"
-#include "tools/workspace.h"
 
 inline tools::InitText InitOf(const tools::WorkspaceLine& line) {
     const tools::ScreenKind& kind = tools::FindScreenKind(line.Map);

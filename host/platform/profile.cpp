@@ -1,0 +1,187 @@
+// Private profile files: [section], key=value, and comments behind a semicolon at the head of a line.
+//
+// Of sections or keys of one name the first counts. A line ends at its first zero byte. What is neither
+// section nor key=value is passed over, and so are keys in front of the first section.
+#include "host/platform/profile.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+
+#include "host/platform/guarded.h"
+#include "host/platform/paths.h"
+#include "host/platform/platform.h"
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+std::string ReadWhole(const char* path) {
+    if (path == nullptr) {
+        return {};
+    }
+    // Past the streams' own operators, which take what memory fails for as the file's end.
+    std::ifstream file(HostPath(path), std::ios::binary);
+    try {
+        return {std::istreambuf_iterator<char>(file), {}};
+    } catch (const std::ios_base::failure&) {  // a folder
+        return {};
+    }
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\r\v\f\x1A";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    return first == std::string_view::npos ? std::string_view()
+                                           : text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+}
+
+std::string_view WithoutQuotes(std::string_view text) {
+    const bool quoted =
+        text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
+    return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+char Lower(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+// Without regard to case, but for the second byte of a two-byte character: a letter there is none.
+bool SameName(std::string_view left, std::string_view right) {
+    bool second = false;
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(), [&](char a, char b) {
+        const bool same = second ? a == b : Lower(a) == Lower(b);
+        second = !second && static_cast<unsigned char>(a) > 0x80;
+        return same;
+    });
+}
+
+// A name that a caller looks for; an empty one finds nothing.
+template <class Rows, class Name>
+auto FindNamed(const Rows& rows, std::string_view wanted, Name name) -> const typename Rows::value_type* {
+    const std::string_view text = WithoutBlanks(wanted);
+    const auto found =
+        std::find_if(rows.begin(), rows.end(), [&](const auto& row) { return SameName(row.*name, text); });
+    return text.empty() || found == rows.end() ? nullptr : &*found;
+}
+
+DWORD Answer(std::string_view text, char* buffer, DWORD size) {
+    const std::size_t length = std::min<std::size_t>(text.size(), size - 1);
+    buffer[text.copy(buffer, length)] = '\0';
+    return static_cast<DWORD>(length);
+}
+
+// A list that is cut ends with two zero bytes as well.
+DWORD AnswerList(std::string_view list, char* buffer, DWORD size) {
+    if (list.size() < size) {
+        return Answer(list, buffer, size);
+    }
+    const std::size_t length = size < 2 ? 0 : size - 2;
+    std::fill(buffer + list.copy(buffer, length), buffer + size, '\0');
+    return static_cast<DWORD>(length);
+}
+
+template <class Rows, class Name>
+std::string Names(const Rows& rows, Name name) {
+    std::string list;
+    for (const auto& row : rows) {
+        list.append(row.*name).push_back('\0');
+    }
+    return list;
+}
+
+}  // namespace
+
+ProfileFile::ProfileFile(const char* path) : m_Text(ReadWhole(path)) {
+    std::string_view rest = m_Text;
+    if (rest.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
+        rest.remove_prefix(kByteOrderMark.size());
+    }
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find('\n'), rest.size());
+        const std::string_view line = rest.substr(0, end);
+        TakeLine(WithoutBlanks(line.substr(0, line.find('\0'))));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+}
+
+void ProfileFile::TakeLine(std::string_view line) {
+    if (line.empty() || line.front() == ';') {
+        return;
+    }
+    if (const std::size_t close = line.find(']'); line.front() == '[' && close != std::string_view::npos) {
+        m_Sections.push_back({WithoutBlanks(line.substr(1, close - 1)), {}});
+        return;
+    }
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos || m_Sections.empty()) {
+        return;
+    }
+    m_Sections.back().Entries.push_back(
+        {WithoutBlanks(line.substr(0, equals)), WithoutQuotes(WithoutBlanks(line.substr(equals + 1)))});
+}
+
+const ProfileFile::Entry* ProfileFile::Section::Find(std::string_view key) const {
+    return FindNamed(Entries, key, &Entry::Key);
+}
+
+const ProfileFile::Section* ProfileFile::Find(std::string_view section) const {
+    return FindNamed(m_Sections, section, &Section::Name);
+}
+
+const ProfileFile::Entry* ProfileFile::Find(std::string_view section, std::string_view key) const {
+    const Section* const found = Find(section);
+    return found == nullptr ? nullptr : found->Find(key);
+}
+
+UINT GetPrivateProfileIntA(const char* section, const char* key, int defaultValue, const char* path) {
+    const auto otherwise = static_cast<UINT>(defaultValue);
+    if (section == nullptr || key == nullptr) {
+        return otherwise;
+    }
+    return OrRefuse(otherwise, [&] {
+        const ProfileFile file(path);
+        const ProfileFile::Entry* const entry = file.Find(section, key);
+        if (entry == nullptr) {
+            return otherwise;
+        }
+        std::string_view digits = entry->Value;
+        const bool negative = !digits.empty() && digits.front() == '-';
+        if (negative || (!digits.empty() && digits.front() == '+')) {
+            digits.remove_prefix(1);
+        }
+        UINT number = 0;  // wraps beyond 32 bits
+        for (const char digit : digits) {
+            if (digit < '0' || digit > '9') {
+                break;
+            }
+            number = number * 10 + static_cast<UINT>(digit - '0');
+        }
+        return negative ? 0 - number : number;
+    });
+}
+
+DWORD GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue, char* buffer,
+                               DWORD size, const char* path) {
+    if (buffer == nullptr || size == 0) {
+        return 0;
+    }
+    *buffer = '\0';
+    return OrRefuse(DWORD{0}, [&] {
+        const ProfileFile file(path);
+        if (section == nullptr) {
+            return AnswerList(Names(file.Sections(), &ProfileFile::Section::Name), buffer, size);
+        }
+        if (key == nullptr) {
+            const ProfileFile::Section* const found = file.Find(section);
+            return found == nullptr
+                       ? AnswerList({}, buffer, size)
+                       : AnswerList(Names(found->Entries, &ProfileFile::Entry::Key), buffer, size);
+        }
+        if (const ProfileFile::Entry* const entry = file.Find(section, key)) {
+            return Answer(entry->Value, buffer, size);
+        }
+        const std::string_view otherwise = defaultValue == nullptr ? "" : defaultValue;
+        return Answer(otherwise.substr(0, otherwise.find_last_not_of(' ') + 1), buffer, size);
+    });
+}

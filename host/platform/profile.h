@@ -1,0 +1,39 @@
+// profile.h - a private profile file, as it is at this moment.
+#ifndef TICKMUX_HOST_PLATFORM_PROFILE_H
+#define TICKMUX_HOST_PLATFORM_PROFILE_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+class ProfileFile {
+public:
+    struct Entry {
+        std::string_view Key;
+        std::string_view Value;  // without blanks around it and without its quotes
+    };
+    struct Section {
+        std::string_view Name;
+        std::vector<Entry> Entries;
+
+        const Entry* Find(std::string_view key) const;  // null: no such key
+    };
+
+    // A file that cannot be read counts as empty; null: no file.
+    explicit ProfileFile(const char* path);
+    ProfileFile(const ProfileFile&) = delete;
+    ProfileFile& operator=(const ProfileFile&) = delete;
+    ~ProfileFile() = default;
+
+    const std::vector<Section>& Sections() const { return m_Sections; }
+    const Section* Find(std::string_view section) const;  // null: no such section
+    const Entry* Find(std::string_view section, std::string_view key) const;
+
+private:
+    void TakeLine(std::string_view line);
+
+    std::string m_Text;  // what names and values point into
+    std::vector<Section> m_Sections;
+};
+
+#endif

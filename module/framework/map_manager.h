@@ -1,0 +1,95 @@
+// CRTMMapManager, the one owner of all decoders: registers maps, fans packets out by type char, closes
+// batches, and sends subscription requests to the communication manager.
+//
+// Two guards, never held together. The map guard (its name set by the host) covers the map list and each
+// Init, Stop and Release; the type guard covers changes of the type lists. The packet path takes neither:
+// tickmux.h tells what that asks of the host.
+#ifndef TICKMUX_MODULE_FRAMEWORK_MAP_MANAGER_H
+#define TICKMUX_MODULE_FRAMEWORK_MAP_MANAGER_H
+
+#include <bitset>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "module/containers/plain_array.h"
+#include "module/framework/subscription.h"
+#include "module/framework/tickmux.h"
+#include "module/wire/packets.h"
+
+// A map name and the factory behind it, which gives a new decoder for a window, or null.
+struct DecoderFactoryEntry {
+    const char* pMapName;
+    CRTMPacketDecoder* (*pCreate)(HWND hWnd);
+};
+
+// The factories in order of their names; the list ends at an entry without a name. It is a constant of the
+// image, so it stands before anything of the module is constructed.
+extern const DecoderFactoryEntry g_DecoderFactories[];
+
+// One registered map. Its address is the handle.
+struct tagMAPINFO {
+    std::unique_ptr<CRTMPacketDecoder> pDecoder;  // null: the map is going
+    std::bitset<kPacketTypes> posType;            // the type lists that hold the decoder
+};
+
+// Each exported member has the name, the parameters and the result by which programs find it.
+class CRTMMapManager {
+public:
+    TICKMUX_API CRTMMapManager();
+    TICKMUX_API ~CRTMMapManager();
+    CRTMMapManager(const CRTMMapManager&) = delete;
+    CRTMMapManager& operator=(const CRTMMapManager&) = delete;
+
+    TICKMUX_API void SetMutexName(char* name);
+
+    TICKMUX_API tickmux_handle RegistMapDecoder(HWND hWnd, const char* mapName);
+    TICKMUX_API int UnregistMapDecoder(tickmux_handle handle);
+    TICKMUX_API int InitMapDecoder(tickmux_handle handle, char* buffer);
+    TICKMUX_API int StopMapDecoder(tickmux_handle handle);
+    TICKMUX_API int ReleaseMapDecoder(tickmux_handle handle);
+    // Enters the map in the list of each type char, unless it is there already, as far as memory goes.
+    TICKMUX_API void RegistPacketType(tagMAPINFO* map, char* types);
+    TICKMUX_API CRTMPacketDecoder* GetPacketDecoder(tickmux_handle handle);
+
+    TICKMUX_API int PutRTMPacket(char* packet, int length);
+    TICKMUX_API void EndRTMUnpack();
+
+    TICKMUX_API int AddTrStcdInfo(char* code, int codeLen, char chClass, unsigned long flags);
+    TICKMUX_API int DelTrStcdInfo(char* code, int codeLen, char chClass, unsigned long flags);
+    TICKMUX_API int SendCancelInfo();
+    TICKMUX_API int StopMapComplete();
+    TICKMUX_API void ClearMap();
+
+    // A request of a decoder; gives 1 if it went out.
+    int SendCode(int32_t operation, const char* code, int codeLen, char chClass, uint32_t flags);
+
+protected:
+    TICKMUX_API int SendQuery(tagRTMTRSTCDINFO* record);
+
+private:
+    bool EnterTypeLists(tagMAPINFO& map, const char* types);
+    void LeaveTypeLists(tagMAPINFO& map);
+    void Destroy(tagMAPINFO* map);
+    void RemoveFromMapList(tagMAPINFO* map);
+
+    // A walk over the maps; a window that closes a batch from within its message begins one within another.
+    struct BatchEnd {
+        std::size_t nNext;
+        BatchEnd* pOuter;
+    };
+
+    static constexpr std::size_t kMutexNameRoom = 20;
+
+    PlainArray<tagMAPINFO*> m_MapList;  // in order of registration; the manager owns what they point to
+    BatchEnd* m_pBatchEnd = nullptr;    // the innermost that runs
+    char m_szMutexName[kMutexNameRoom] = "";
+    char m_szTypeMutexName[kMutexNameRoom] = "";
+    bool m_bQueryEnabled;                                     // the user's grade allows subscriptions
+    bool m_bClearing = false;                                 // all maps are going
+    PlainArray<CRTMPacketDecoder*> m_TypeList[kPacketTypes];  // who takes a type, in order of registration
+};
+
+extern CRTMMapManager g_RTMMapManager;
+
+#endif

@@ -1,0 +1,99 @@
+#include "module/framework/packet_decoder.h"
+
+#include <memory>
+#include <utility>
+
+#include "module/framework/tickmux.h"
+
+namespace {
+
+void FreeItem(void* item) {
+    const std::unique_ptr<ViewItem> owned(static_cast<ViewItem*>(item));
+    delete[] owned->pData;
+}
+
+}  // namespace
+
+CRTMPacketDecoder::~CRTMPacketDecoder() {
+    ClearViewQueue();
+}
+
+int CRTMPacketDecoder::Init(const char* buffer) {
+    m_bStopped = 0;
+    InitReader in(buffer);
+    return OnInit(in);
+}
+
+void CRTMPacketDecoder::Stop() {
+    m_bActive = 0;
+    m_bChanged = 0;
+    m_bStopped = 1;
+    OnStop();
+}
+
+void CRTMPacketDecoder::Release() {
+    m_bActive = 0;
+    m_bChanged = 0;
+    OnRelease();
+}
+
+void CRTMPacketDecoder::EndUnpack() {
+    if (m_bChanged != 0 && m_bStopped == 0) {
+        m_bChanged = 0;
+        OnEndUnpack();
+    }
+}
+
+void CRTMPacketDecoder::ClearViewQueue() {
+    TakeAllItems(m_ViewQueue, &FreeItem);
+    m_nUntold = 0;
+}
+
+void CRTMPacketDecoder::PostToView(ViewBuffer buffer) {
+    if (!buffer || !HasWindow()) {
+        return;
+    }
+    auto* item = new (std::nothrow) ViewItem;
+    if (item == nullptr) {
+        return;
+    }
+    item->nLen = buffer.BodyLength();
+    item->pData = buffer.GiveAway();
+    try {
+        m_ViewQueue.AddTail(item);
+    } catch (...) {  // no memory: the buffer is lost
+        FreeItem(item);
+        return;
+    }
+    ++m_nUntold;
+    TellWindow();
+}
+
+// Counted off before each message: the window may call back and bring more.
+void CRTMPacketDecoder::TellWindow() {
+    while (m_nUntold > 0) {
+        --m_nUntold;
+        if (SendNotifyMessageA(m_hWnd, WM_TICKMUX_VIEW, reinterpret_cast<WPARAM>(&m_ViewQueue), 0) == FALSE) {
+            ++m_nUntold;
+            return;
+        }
+    }
+}
+
+void CRTMPacketDecoder::PostOutput() {
+    if (m_Output && HasWindow()) {
+        PostToView(m_Output.Copy());
+    }
+}
+
+void CRTMPacketDecoder::NotifyListChanged() {
+    if (HasWindow()) {
+        SendNotifyMessageA(m_hWnd, WM_TICKMUX_LIST, 0, 0);
+    }
+}
+
+void CRTMPacketDecoder::PostListChanged() {
+    if (HasWindow()) {
+        PostMessageA(m_hWnd, WM_TICKMUX_LIST, 0, 0);
+    }
+}

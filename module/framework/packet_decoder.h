@@ -1,0 +1,228 @@
+// CRTMPacketDecoder, the base of all decoders: target window, state flags, the table of packet types that a
+// class takes, the output image, and the queue of finished buffers.
+//
+// A decoder owns its state. A buffer given to PostToView belongs to the view queue, and from there to the
+// host. Packets and Init texts are the host's and live for the call. There is no lock here: the manager's map
+// guard and the host keep the calls apart; only the queue is shared with the window's thread.
+//
+// A class tells its handlers and, in OnInit, OnEndUnpack, OnRelease and OnStop, what it does within the calls
+// of the same names. What every class must do there stands here once.
+#ifndef TICKMUX_MODULE_FRAMEWORK_PACKET_DECODER_H
+#define TICKMUX_MODULE_FRAMEWORK_PACKET_DECODER_H
+
+#include <cstdint>
+#include <new>
+#include <utility>
+
+#include "host/platform/platform.h"
+#include "host/services/services.h"
+#include "module/framework/init_reader.h"
+#include "module/framework/key_filter.h"
+#include "module/framework/view_buffer.h"
+#include "module/wire/packets.h"
+
+class CRTMPacketDecoder;
+
+// What a decoder class does with one packet type: the length that the payload must have, and the handler. No
+// handler: the type is not taken.
+struct PacketSlot {
+    int32_t Length;
+    int (*Handler)(CRTMPacketDecoder& decoder, const char* payload);
+};
+
+// The slots of one decoder class, by type char, and the chars that have one, rising and zero-ended.
+struct PacketSlots {
+    PacketSlot Slots[kPacketTypes];
+    char Types[kPacketTypes + 1];
+};
+
+class CRTMPacketDecoder {
+public:
+    CRTMPacketDecoder(const CRTMPacketDecoder&) = delete;
+    CRTMPacketDecoder& operator=(const CRTMPacketDecoder&) = delete;
+    // A host that holds a decoder calls these by their places in the object's table: their order stays, and
+    // no class replaces them but the last.
+    virtual ~CRTMPacketDecoder();
+    // The answer of an inquiry. 0: the text is no good, and the decoder gets no packets.
+    virtual int Init(const char* buffer);
+    virtual void Stop();
+    // Gives up what is asked for; the manager calls it for a map that goes, too.
+    virtual void Release();
+    // 1 if the packet fits a slot, whether or not the decoder runs; else 0.
+    virtual int PutPacket(const char* packet, int length);
+    // The batch is over: what has changed goes out, unless the decoder is stopped.
+    virtual void EndUnpack();
+    virtual const char* GetMapName() const = 0;
+
+    // What the payload of a type must have; 0 for a type that is not taken.
+    std::size_t PayloadLength(char type) const {
+        return static_cast<std::size_t>(m_Slots.Slots[type - kFirstPacketType].Length);
+    }
+    const char* GetPacketTypes() const { return m_Slots.Types; }
+
+    // True: the batch end has something to send or to tell.
+    bool AwaitsBatchEnd() const { return (m_bChanged | m_nUntold) != 0; }
+    // What the manager closes a batch with: items that no window has heard of are told, changes go out.
+    void EndBatch() {
+        TellWindow();
+        EndUnpack();
+    }
+    // False: the decoder is not active, or it follows one key and the payload begins otherwise.
+    bool Awaits(uint64_t payloadHead) const { return m_bActive != 0 && m_KeyFilter.Admits(payloadHead); }
+
+    // The result of the last Init; the manager passes packets while it is not 0.
+    int IsActive() const { return m_bActive; }
+    void SetActive(int active) { m_bActive = active; }
+
+    // Frees the buffers that no window has fetched.
+    void ClearViewQueue();
+
+protected:
+    CRTMPacketDecoder(HWND hWnd, const PacketSlots& slots) : m_Slots(slots), m_hWnd(hWnd) {}
+
+    // Takes the answer of an inquiry; gives what Init gives.
+    virtual int OnInit(InitReader& in) = 0;
+    // Sends what has changed; without more said, a copy of the output image. The change is marked as sent
+    // before, so that one which the window causes from within its message is sent too.
+    virtual void OnEndUnpack() { PostOutput(); }
+    // Gives up subscriptions, and what Release frees.
+    virtual void OnRelease() {}
+    // Frees what Stop frees.
+    virtual void OnStop() {}
+
+    // From within OnEndUnpack: not all could be sent, the next batch end tries again.
+    void KeepChange() { m_bChanged = 1; }
+    // What has changed meanwhile is not to be sent.
+    void DropChange() { m_bChanged = 0; }
+    bool IsStopped() const { return m_bStopped != 0; }
+
+    // A new output image of spaces, of the layout's size; false if memory fails, and the former one stays.
+    template <class Layout>
+    bool AllocOutput() {
+        ViewBuffer output = ViewBuffer::Blank(sizeof(Layout));
+        if (!output) {
+            return false;
+        }
+        m_Output = std::move(output);
+        return true;
+    }
+    template <class Layout>
+    Layout& Output() {
+        return m_Output.As<Layout>();
+    }
+
+    // Puts a buffer into the view queue and tells the window; without a window it is freed. A message that
+    // cannot be sent follows with the next one or at the next batch end: as many messages as items.
+    void PostToView(ViewBuffer buffer);
+    // The same with a copy of the output image as it is now.
+    void PostOutput();
+
+    bool HasWindow() const { return IsWindow(m_hWnd) != FALSE; }
+    // Tell the window that the list has changed: now, or when it next looks at its messages.
+    void NotifyListChanged();
+    void PostListChanged();
+
+    // For OnEndUnpack of a row list or a board: the rows that wait leave behind `front`. `rows` are
+    // WaitingRows or a RowBoard.
+    template <class Front, class Rows>
+    void SendRows(const Front& front, Rows& rows) {
+        if (rows.Empty()) {
+            return;
+        }
+        ViewBuffer buffer = rows.Pack(front);
+        if (!buffer) {
+            KeepChange();  // with all rows
+            return;
+        }
+        rows.Clear();
+        PostToView(std::move(buffer));
+    }
+
+    // For decoders of one key.
+    KeyFilter& Filter() { return m_KeyFilter; }
+
+private:
+    // What the fan-out looks at comes first.
+    KeyFilter m_KeyFilter;
+    int m_bActive = 0;
+    int m_bStopped = 1;  // from construction, and by Stop; no handler runs and nothing is sent
+    int m_bChanged = 0;  // handlers' results since the last send
+
+    void TellWindow();
+
+    int m_nUntold = 0;  // items in the queue that the window has had no message of
+    const PacketSlots& m_Slots;
+    HWND m_hWnd;
+    ViewBuffer m_Output;
+    CRtmPtrList m_ViewQueue;
+};
+
+inline int CRTMPacketDecoder::PutPacket(const char* packet, int length) {
+    const auto index = static_cast<unsigned char>(*packet - kFirstPacketType);
+    if (index >= kPacketTypes) {
+        return 0;
+    }
+    const PacketSlot& slot = m_Slots.Slots[index];
+    if (length != slot.Length + 1) {
+        return 0;
+    }
+    if (slot.Handler != nullptr && m_bStopped == 0) {
+        m_bChanged |= slot.Handler(*this, packet + 1);
+    }
+    return 1;
+}
+
+// ---- how a class names its handlers
+//
+// A handler is a member `int OnX(const XPacket&)`. It says all: type char and length come from the packet,
+// and its result asks for a refresh at the batch end. A handler that sends its own buffer at once gives 0.
+
+template <class Handler>
+struct HandlerTraits;
+
+template <class Decoder, class Packet>
+struct HandlerTraits<int (Decoder::*)(const Packet&)> {
+    using DecoderClass = Decoder;
+    using PacketStruct = Packet;
+};
+
+template <auto Handler>
+int CallHandler(CRTMPacketDecoder& decoder, const char* payload) {
+    using Traits = HandlerTraits<decltype(Handler)>;
+    return (static_cast<typename Traits::DecoderClass&>(decoder).*
+            Handler)(*reinterpret_cast<const typename Traits::PacketStruct*>(payload));
+}
+
+template <auto... Handlers>
+constexpr PacketSlots MakeSlots() {
+    PacketSlots slots{};
+    [[maybe_unused]] const auto take = [&slots](char type, PacketSlot slot) {
+        slots.Slots[type - kFirstPacketType] = slot;
+    };
+    (take(HandlerTraits<decltype(Handlers)>::PacketStruct::kType,
+          {sizeof(typename HandlerTraits<decltype(Handlers)>::PacketStruct), &CallHandler<Handlers>}),
+     ...);
+    char* type = slots.Types;
+    for (int index = 0; index < kPacketTypes; ++index) {
+        if (slots.Slots[index].Length > 0) {
+            *type++ = static_cast<char>(kFirstPacketType + index);
+        }
+    }
+    return slots;
+}
+
+// For the constructor: CRTMPacketDecoder(hWnd, Takes<&CRSTICK11::OnTradePacket>).
+template <auto... Handlers>
+inline constexpr PacketSlots Takes = MakeSlots<Handlers...>();
+
+// The factory of a decoder class; null if memory fails, also that of the services which it sets up.
+template <class Decoder>
+CRTMPacketDecoder* CreateDecoder(HWND hWnd) {
+    try {
+        return new (std::nothrow) Decoder(hWnd);
+    } catch (...) {
+        return nullptr;
+    }
+}
+
+#endif

@@ -1,0 +1,36 @@
+// The values of a fund.
+#include "feed/market.h"
+#include "module/layouts/RSETFNAV.h"
+#include "terminal/screens/panel.h"
+#include "terminal/screens/screen.h"
+#include "terminal/text.h"
+
+namespace tools {
+
+namespace {
+
+InitText MakeInit(std::string_view key, const InitDefaults& /*defaults*/) {
+    const std::string base = FundValueText(kFundBase);
+    NavInit init;
+    init.Key = StockKeyOf(key);
+    PutRight(init.BaseValue, base);
+    PutRight(init.FirstValue, base);
+    PutRight(init.SecondValue, base);
+    InitText text;
+    text.Append("", init);
+    return text;
+}
+
+std::vector<LayoutTable> Display() {
+    return {TaggedTable<NavDisplay>("Display buffer")};
+}
+
+std::unique_ptr<Screen> Open(const InitText& /*init*/, std::size_t /*rows*/) {
+    return std::make_unique<Panel>(Display().front());
+}
+
+}  // namespace
+
+extern const ScreenKind kFundValues = {"RSETFNAV_R", MakeInit, Display, Open};
+
+}  // namespace tools

@@ -1,0 +1,201 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <future>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+#include <utility>
+
+#include "host/platform/platform.h"
+#include "host/tickhost.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// A window of the thread that makes it; notes what it gets, and answers with twice the message number.
+class Screen {
+public:
+    Screen() : m_Window(tickhost_create_window(&Screen::Procedure, this)) {}
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+    ~Screen() { tickhost_destroy_window(m_Window); }
+
+    HWND Window() const { return m_Window; }
+    std::string Taken() { return std::exchange(m_Taken, ""); }
+
+    std::function<void(uint32_t)> OnMessage = [](uint32_t) {};
+
+private:
+    static intptr_t Procedure(void* context, HWND window, uint32_t message, uintptr_t first,
+                              intptr_t second) {
+        auto& self = *static_cast<Screen*>(context);
+        EXPECT_EQ(window, self.m_Window);
+        EXPECT_EQ(std::this_thread::get_id(), self.m_Owner);
+        self.m_Taken +=
+            std::to_string(message) + ":" + std::to_string(first) + ":" + std::to_string(second) + " ";
+        self.OnMessage(message);
+        return 2 * static_cast<intptr_t>(message);
+    }
+
+    std::thread::id m_Owner = std::this_thread::get_id();
+    std::string m_Taken;
+    HWND m_Window;
+};
+
+void PumpUntil(const std::function<bool()>& done) {
+    while (!done()) {
+        tickhost_pump_messages();
+        std::this_thread::yield();
+    }
+}
+
+template <class Result>
+bool IsReady(const std::future<Result>& future) {
+    return future.wait_for(0s) == std::future_status::ready;
+}
+
+// Until the other thread hangs in a call, as far as one can tell from outside.
+void LetItHang() {
+    std::this_thread::sleep_for(20ms);
+}
+
+}  // namespace
+
+TEST(Window, RunsAtOnceWhatIsSentAndLaterWhatIsPosted) {
+    Screen first;
+    Screen second;
+    PostMessageA(first.Window(), 1, 10, -1);
+    EXPECT_TRUE(PostMessageA(second.Window(), 2, 20, 0));
+    EXPECT_EQ(SendMessageA(first.Window(), 3, 30, 0), 6);
+    EXPECT_TRUE(SendNotifyMessageA(first.Window(), 4, 40, 0));
+    EXPECT_EQ(first.Taken(), "3:30:0 4:40:0 ");
+    first.OnMessage = [&](uint32_t message) {
+        if (message < 100) {
+            EXPECT_EQ(second.Taken(), "") << "oldest first";
+            PostMessageA(first.Window(), message + 100, 0, 0);
+        }
+    };
+    EXPECT_EQ(tickhost_pump_messages(), 2) << "what is posted meanwhile waits for the next pump";
+    EXPECT_EQ(first.Taken() + second.Taken(), "1:10:-1 2:20:0 ");
+    EXPECT_EQ(tickhost_pump_messages(), 1);
+    EXPECT_EQ(first.Taken(), "101:0:0 ");
+    EXPECT_EQ(tickhost_pump_messages(), 0);
+}
+
+TEST(Window, IsGoneOnceDestroyed) {
+    HWND previous = nullptr;
+    for (int round = 0; round < 3; ++round) {
+        Screen screen;
+        auto* const window = screen.Window();
+        EXPECT_GT(reinterpret_cast<uintptr_t>(window), reinterpret_cast<uintptr_t>(previous))
+            << "a new handle";
+        previous = window;
+        EXPECT_TRUE(IsWindow(window));
+        PostMessageA(window, 1, 0, 0);
+        if (round == 0) {
+            tickhost_destroy_window(window);
+        } else if (round == 1) {
+            tickhost_reset();
+        } else {  // from within; the record is gone when the procedure ends
+            screen.OnMessage = [&](uint32_t) { tickhost_destroy_window(window); };
+            EXPECT_EQ(SendMessageA(window, 5, 0, 0), 10);
+        }
+        screen.Taken();
+        EXPECT_FALSE(IsWindow(window));
+        EXPECT_EQ(tickhost_pump_messages(), 0);
+        EXPECT_EQ(SendMessageA(window, 1, 0, 0), 0);
+        EXPECT_FALSE(SendNotifyMessageA(window, 1, 0, 0));
+        EXPECT_FALSE(PostMessageA(window, 1, 0, 0));
+        EXPECT_EQ(screen.Taken(), "");
+    }
+    std::optional<Screen> screen;
+    std::thread([&] { screen.emplace(); }).join();
+    EXPECT_FALSE(IsWindow(screen->Window())) << "its thread ended";
+}
+
+TEST(Window, TakesFromOtherThreadsWhatItsOwnThreadPumps) {
+    Screen screen;
+    std::atomic<bool> queued = false;
+    auto sender = std::async(std::launch::async, [&] {
+        SendNotifyMessageA(screen.Window(), 1, 0, 0);
+        queued = true;
+        return SendMessageA(screen.Window(), 2, 0, 0);
+    });
+    while (!queued) {
+        std::this_thread::yield();
+    }
+    LetItHang();
+    EXPECT_EQ(screen.Taken(), "");
+    EXPECT_FALSE(IsReady(sender));
+    PumpUntil([&] { return IsReady(sender); });
+    EXPECT_EQ(screen.Taken(), "1:0:0 2:0:0 ");
+    EXPECT_EQ(sender.get(), 4);
+}
+
+TEST(Window, TwoThreadsThatSendToEachOtherBothGoOn) {
+    constexpr int kTurns = 2000;
+    std::promise<HWND> windows[2];
+    std::atomic<int> done = 0;
+    const auto work = [&](int own) {
+        Screen screen;
+        int nested = 0;
+        windows[own].set_value(screen.Window());
+        auto* const other = windows[1 - own].get_future().get();
+        screen.OnMessage = [&](uint32_t message) {
+            nested += message == 2 ? 1 : 0;
+            if (message == 1) {
+                EXPECT_EQ(SendMessageA(other, 2, 0, 0), 4) << "a call back from within the call";
+            }
+        };
+        for (int turn = 0; turn < kTurns; ++turn) {
+            EXPECT_EQ(SendMessageA(other, 1, 0, 0), 2);
+        }
+        ++done;
+        PumpUntil([&] { return done == 2; });
+        EXPECT_EQ(nested, kTurns);
+    };
+    std::thread other([&] { work(1); });
+    work(0);
+    other.join();
+}
+
+TEST(Window, DestroyedFromAnotherThreadLetsItsProcedureEndAndItsSendersGo) {
+    auto screen = std::make_unique<Screen>();
+    std::atomic<bool> running = false;
+    std::atomic<bool> ended = false;
+    screen->OnMessage = [&](uint32_t) {
+        running = true;
+        LetItHang();
+        LetItHang();
+        ended = true;
+    };
+    auto* const window = screen->Window();
+    std::promise<HWND> helper;
+    auto destroyer = std::async(std::launch::async, [&] {
+        Screen own;
+        helper.set_value(own.Window());
+        while (!running) {
+            std::this_thread::yield();
+        }
+        auto sender = std::async(std::launch::async, [&] { return SendMessageA(window, 7, 0, 0); });
+        LetItHang();
+        tickhost_destroy_window(window);
+        EXPECT_TRUE(ended);
+        EXPECT_EQ(sender.get(), 0);
+        return own.Taken();
+    });
+    auto* const other = helper.get_future().get();
+    auto slow = screen->OnMessage;
+    screen->OnMessage = [&](uint32_t message) {
+        slow(message);
+        EXPECT_EQ(SendMessageA(other, 8, 0, 0), 16) << "who waits for the end serves what is sent to him";
+    };
+    EXPECT_EQ(SendMessageA(window, 6, 0, 0), 12);
+    EXPECT_EQ(destroyer.get(), "8:0:0 ");
+    EXPECT_EQ(screen->Taken(), "6:0:0 ");
+}
