@@ -81,15 +81,6 @@ int32_t PriceAbove(int32_t price, const DailyLimits& limits) {
     return next > limits.Highest ? 0 : next;
 }
 
-std::optional<int32_t> BasePriceOf(std::string_view code) {
-    for (int number = 0; number < kMostStocks; ++number) {
-        if (StockCode(number) == code) {
-            return BasePrice(number);
-        }
-    }
-    return std::nullopt;
-}
-
 std::string FundValueText(int64_t value) {
     return DecimalText(value, kFundDecimals);
 }
@@ -105,6 +96,20 @@ Market::Market(uint64_t seed, int stocks, int funds) : m_Random(seed) {
     for (int number = 0; number < funds; ++number) {
         m_Funds.push_back({Numbered("FUND", number + 1)});
     }
+}
+
+std::string Market::MasterText() const {
+    constexpr int kMarks = 3;
+    std::string text = "# stock CODE NAME BASE, broker CODE NAME MARK\n";
+    for (const Stock& stock : m_Stocks) {
+        text += "stock " + stock.Code + " \"" + stock.Code + " shares\" " + std::to_string(stock.Base) + "\n";
+    }
+    int mark = 0;
+    for (const Broker& broker : m_Brokers) {
+        text += "broker " + broker.Code + " \"Broker " + broker.Code + "\" " + std::to_string(mark) + "\n";
+        mark = (mark + 1) % kMarks;
+    }
+    return text;
 }
 
 Deal Market::NextDeal() {

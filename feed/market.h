@@ -54,9 +54,6 @@ struct Stock {
     int32_t BestAbove() const { return PriceAbove(Price, Limits); }
 };
 
-// The base price of one of a market's stocks, of however many.
-std::optional<int32_t> BasePriceOf(std::string_view code);
-
 struct Deal {
     const Stock* Of;  // with the deal in its figures
     int32_t Volume;   // 0: only the best prices have moved
@@ -85,6 +82,8 @@ public:
     const std::vector<Broker>& Brokers() const { return m_Brokers; }
     const std::vector<Stock>& Stocks() const { return m_Stocks; }
     const std::vector<Fund>& Funds() const { return m_Funds; }
+    // Its stocks and brokers in lines, as a terminal reads them.
+    std::string MasterText() const;
     Random& Dice() { return m_Random; }
 
     // The next deal, in one of the busier stocks more often than not.

@@ -9,7 +9,7 @@ using namespace fuzz;
 namespace {
 
 void Open(const tools::WorkspaceLine& line) {
-    ToolScreen screen(tools::FindScreenKind(line.Map), InitOf(line));
+    ToolScreen screen(tools::FindScreenKind(line.Map), tools::InitOf(line, {"20261120"}));
     Desk::Get().Batch(SampleOf(line.Map).Packets);
     screen.Show();
 }

@@ -7,6 +7,7 @@
 #include "terminal/capture.h"
 #include "terminal/errors.h"
 #include "terminal/options.h"
+#include "terminal/output_file.h"
 #include "terminal/progress.h"
 #include "terminal/text.h"
 
@@ -25,6 +26,7 @@ constexpr char kPurpose[] =
 
 struct Arguments {
     std::string Output;
+    std::string Master;
     FeedOptions Feed;
 };
 
@@ -35,6 +37,8 @@ void AddOptions(CLI::App& app, Arguments& arguments) {
     };
     AddOption(app, "--output", "FILE", "the capture (- is standard output)",
               [&arguments](const std::string& path) { arguments.Output = path; });
+    AddOption(app, "--master", "FILE", "the session's stocks and brokers too, for tickreplay --master",
+              [&arguments](const std::string& path) { arguments.Master = path; });
     AddNumber(app, "--seed", "which session (default 1)", feed.Seed, 0, INT64_MAX);
     AddOption(app, "--date", "YYYYMMDD", "its day (default 20261120)",
               [&feed](const std::string& text) { feed.Day = ParseDate(text); });
@@ -90,6 +94,9 @@ int Run(int argc, char** argv) {
         constexpr int64_t kPerMinuteAndStock = 20;
         const int64_t usual = kPerMinuteAndStock * arguments.Feed.Minutes * arguments.Feed.Stocks;
         arguments.Feed.Packets = std::min(usual, kMostPackets);
+    }
+    if (!arguments.Master.empty()) {
+        WriteWhole(arguments.Master, Market(0, arguments.Feed.Stocks, 0).MasterText());
     }
     CaptureWriter capture(arguments.Output);
     Feed feed(arguments.Feed, capture);

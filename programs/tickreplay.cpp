@@ -25,7 +25,8 @@ constexpr char kNotes[] =
     "A panel shows the fields from FirstField to LastField of its line (default: all); the volume by price\n"
     "has bars against the largest one.\n"
     "The pass-through shows the newest packet of each type, field by field.\n"
-    "The interest board knows feedgen's base prices; those of other stocks are for its line to tell.\n"
+    "The interest board takes base prices from the master data; those of other stocks are for its line to\n"
+    "tell.\n"
     "A line of WORKSPACE is MAP KEY [Field=value ...], such as: RSTICK11_R 1ASII Date=20261120\n"
     "The key of news is the first digit of its categories, 0 for all. Subscription holder and pass-through\n"
     "take items CODE:TYPES with the packet types that are wanted:\n"
@@ -78,8 +79,9 @@ void AddOptions(CLI::App& app, Arguments& arguments) {
               terminal.UserDir);
     AddFolder(app, "--data-dir", "the folder of EnvVar.ini (default: that of WORKSPACE)", terminal.DataDir);
     AddOption(app, "--master", "FILE",
-              "the stocks and brokers that the trade monitor knows (default: feedgen's), in lines\n"
-              "stock CODE NAME and broker CODE NAME MARK, with a mark of 0, 1 or 2",
+              "stocks and brokers, in lines stock CODE NAME [BASE] and broker CODE NAME MARK, with\n"
+              "a mark of 0, 1 or 2 (default: the file of WORKSPACE's name with the ending .master,\n"
+              "if there is one); feedgen --master writes one",
               [&arguments](const std::string& path) { arguments.Master = path; });
     AddFolder(app, "--drive-c", "the folder that stands for drive C, where the module logs", terminal.DriveC);
     AddOption(app, "--module", "PATH", "the module (default: ../lib/libtickmux.so beside this program)",
@@ -91,7 +93,7 @@ void AddOptions(CLI::App& app, Arguments& arguments) {
 // The module looks for settings beside the workspace, unless it is told otherwise.
 void Complete(Arguments& arguments) {
     arguments.Terminal.Master =
-        arguments.Master.empty() ? FeedMasterData() : ReadMasterData(arguments.Master);
+        arguments.Master.empty() ? MasterBeside(arguments.Workspace) : ReadMasterData(arguments.Master);
     const std::filesystem::path beside = std::filesystem::path(arguments.Workspace).parent_path();
     for (std::string* folder : {&arguments.Terminal.UserDir, &arguments.Terminal.DataDir}) {
         if (folder->empty()) {
@@ -100,43 +102,24 @@ void Complete(Arguments& arguments) {
     }
 }
 
-struct ScreenToOpen {
-    const ScreenKind* Kind;
-    std::string Title;
-    std::string Place;
-    InitText Init;
-};
-
-// Every line is looked at before the first screen opens.
-std::vector<ScreenToOpen> ScreensOf(const std::vector<WorkspaceLine>& workspace,
-                                    const InitDefaults& defaults) {
+// Every line is looked at before the first screen opens. Each screen has a request tag of its own.
+std::vector<InitText> InitsOf(const std::vector<WorkspaceLine>& workspace, const InitDefaults& defaults) {
     constexpr std::size_t kTags = 100;
-    std::vector<ScreenToOpen> screens;
+    std::vector<InitText> inits;
     for (const WorkspaceLine& line : workspace) {
-        try {
-            const ScreenKind& kind = FindScreenKind(line.Map);
-            InitText init = kind.MakeInit(line.Key, defaults);
-            if (init.HasTag()) {
-                init.Set("Tag", std::to_string(kTags + screens.size() % kTags).substr(1));
-            }
-            for (const auto& [name, value] : line.Fields) {
-                init.Set(name, value);
-            }
-            kind.Complete(init);
-            screens.push_back({&kind, line.Map + " " + Printable(line.Key), line.Place, std::move(init)});
-        } catch (const BadInput& bad) {
-            throw BadInput(line.Place + ": " + bad.what());
-        }
+        inits.push_back(InitOf(line, defaults, std::to_string(kTags + inits.size() % kTags).substr(1)));
     }
-    return screens;
+    return inits;
 }
 
-void OpenScreens(Terminal& terminal, const std::vector<ScreenToOpen>& screens, std::size_t rows) {
-    for (const ScreenToOpen& screen : screens) {
+void OpenScreens(Terminal& terminal, const std::vector<WorkspaceLine>& workspace,
+                 const std::vector<InitText>& inits, std::size_t rows) {
+    for (std::size_t i = 0; i < inits.size(); ++i) {
+        const WorkspaceLine& line = workspace[i];
         try {
-            terminal.Open(*screen.Kind, screen.Title, screen.Init, rows);
+            terminal.Open(FindScreenKind(line.Map), line.Map + " " + Printable(line.Key), inits[i], rows);
         } catch (const BadInput& bad) {
-            throw BadInput(screen.Place + ": " + bad.what());
+            throw BadInput(line.Place + ": " + bad.what());
         }
     }
 }
@@ -166,11 +149,12 @@ int Run(int argc, char** argv) {
         first.reset();
     }
     const Timestamp start = first ? first->Time : std::chrono::system_clock::now();
-    const std::vector<ScreenToOpen> screens = ScreensOf(workspace, {DateText(start + arguments.Offset)});
+    const std::vector<InitText> inits =
+        InitsOf(workspace, {DateText(start + arguments.Offset), arguments.Terminal.Master.Bases});
 
     ModuleClocks clocks(start, arguments.Offset);
     Terminal terminal(arguments.Terminal);
-    OpenScreens(terminal, screens, arguments.Rows);
+    OpenScreens(terminal, workspace, inits, arguments.Rows);
     const ReplaySummary summary = Replay(capture, first, clocks, terminal, arguments.Replay);
     Print(ImagesText(terminal));
     terminal.Close();

@@ -134,7 +134,7 @@ void CaptureWriter::Close() {
 void CaptureWriter::CheckWritten(bool written) const {
     if (!written || std::ferror(pcap_dump_file(m_Dump.get())) != 0) {
         throw Failure(m_File.Name() + ": " + std::strerror(errno) +
-                      " while writing; make room or choose another --output");
+                      " while writing; make room or choose another file");
     }
 }
 

@@ -157,7 +157,7 @@ void OutputFile::Commit() {
     }
     if (fsync(m_hFile) != 0 || std::rename(m_Part.c_str(), m_Target.c_str()) != 0) {
         throw Failure(m_Name + ": " + std::strerror(errno) +
-                      " while it was put in its place; make room or choose another --output");
+                      " while it was put in its place; make room or choose another file");
     }
     g_szPart = nullptr;
     m_Part.clear();
@@ -171,8 +171,19 @@ void OutputFile::Commit() {
 
 void OutputFile::Check(bool well, const std::string& where) const {
     if (!well) {
-        throw BadInput(m_Name + ": " + where + std::strerror(errno) + "; choose another --output");
+        throw BadInput(m_Name + ": " + where + std::strerror(errno) + "; choose another file");
     }
+}
+
+void WriteWhole(const std::string& path, const std::string& text) {
+    OutputFile file(path);
+    std::FILE* const stream = file.OpenStream();
+    const bool written = std::fwrite(text.data(), 1, text.size(), stream) == text.size();
+    if (std::fclose(stream) != 0 || !written) {
+        throw Failure(file.Name() + ": " + std::strerror(errno) +
+                      " while writing; make room or choose another file");
+    }
+    file.Commit();
 }
 
 }  // namespace tools

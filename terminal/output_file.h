@@ -44,6 +44,9 @@ private:
     int m_hFile = -1;
 };
 
+// Writes all of a file. BadInput or Failure as above.
+void WriteWhole(const std::string& path, const std::string& text);
+
 }  // namespace tools
 
 #endif

@@ -1,5 +1,7 @@
 #include "terminal/workspace.h"
 
+#include <filesystem>
+
 #include "terminal/errors.h"
 #include "terminal/text.h"
 #include "terminal/word_file.h"
@@ -37,6 +39,30 @@ std::vector<WorkspaceLine> ReadWorkspace(const std::string& path) {
         throw BadInput(path + ": names no screen; add a line such as RSTICK11_R 1ASII");
     }
     return screens;
+}
+
+MasterData MasterBeside(const std::string& workspace) {
+    std::filesystem::path path(workspace);
+    path.replace_extension(".master");
+    std::error_code error;
+    return std::filesystem::exists(path, error) ? ReadMasterData(path.string()) : MasterData();
+}
+
+InitText InitOf(const WorkspaceLine& line, const InitDefaults& defaults, std::string_view tag) {
+    try {
+        const ScreenKind& kind = FindScreenKind(line.Map);
+        InitText init = kind.MakeInit(line.Key, defaults);
+        if (init.HasTag()) {
+            init.Set("Tag", tag);
+        }
+        for (const auto& [name, value] : line.Fields) {
+            init.Set(name, value);
+        }
+        kind.Complete(init);
+        return init;
+    } catch (const BadInput& bad) {
+        throw BadInput(line.Place + ": " + bad.what());
+    }
 }
 
 }  // namespace tools

@@ -1,5 +1,4 @@
 // The values of a fund.
-#include "feed/market.h"
 #include "module/layouts/RSETFNAV.h"
 #include "terminal/screens/panel.h"
 #include "terminal/screens/screen.h"
@@ -10,12 +9,9 @@ namespace tools {
 namespace {
 
 InitText MakeInit(std::string_view key, const InitDefaults& /*defaults*/) {
-    const std::string base = FundValueText(kFundBase);
     NavInit init;
+    FillBlank(init);
     init.Key = StockKeyOf(key);
-    PutRight(init.BaseValue, base);
-    PutRight(init.FirstValue, base);
-    PutRight(init.SecondValue, base);
     InitText text;
     text.Append("", init);
     return text;

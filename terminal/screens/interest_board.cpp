@@ -1,5 +1,4 @@
 // The board of an interest group: a row each stock, with the state of the user's alarm.
-#include "feed/market.h"
 #include "module/layouts/RSITST01.h"
 #include "terminal/errors.h"
 #include "terminal/screens/board_table.h"
@@ -20,7 +19,7 @@ std::string AlarmWord(char state) {
     return word;
 }
 
-InterestRow RowOf(std::string_view stock) {
+InterestRow RowOf(std::string_view stock, const BasePrices& bases) {
     const StockKey key = StockKeyOf(stock);
     if (key.Board != '1') {
         throw BadInput("key " + Quoted(stock) + " is not of board 1, as the interest board's stocks are");
@@ -29,18 +28,18 @@ InterestRow RowOf(std::string_view stock) {
     FillBlank(row);
     row.Alarm = kAlarmArmed;
     PutLeft(row.Code, {key.Code, sizeof(key.Code)});
-    if (const std::optional<int32_t> base = BasePriceOf(stock.substr(1))) {
-        PutRight(row.BasePrice, std::to_string(*base));
+    if (const auto base = bases.find(stock.substr(1)); base != bases.end()) {
+        PutRight(row.BasePrice, base->second);
     }
     return row;
 }
 
 // The key is a list of stock keys. All alarms are on; those without a section in the user's file wait for
 // nothing.
-InitText MakeInit(std::string_view key, const InitDefaults& /*defaults*/) {
+InitText MakeInit(std::string_view key, const InitDefaults& defaults) {
     std::vector<InterestRow> rows;
     for (const std::string_view stock : KeyList(key)) {
-        rows.push_back(RowOf(stock));
+        rows.push_back(RowOf(stock, defaults.Bases));
     }
     InterestInit init;
     PutLeft(init.Group, "001");

@@ -11,6 +11,7 @@
 
 #include "terminal/fields.h"
 #include "terminal/init_text.h"
+#include "terminal/master_data.h"
 
 namespace tools {
 
@@ -44,6 +45,7 @@ private:
 // What an Init text says unless the workspace says otherwise.
 struct InitDefaults {
     std::string Date = "        ";  // YYYYMMDD, the capture's day
+    BasePrices Bases = {};
 };
 
 struct ScreenKind {

@@ -280,7 +280,8 @@ TEST_F(Session, TheSameOptionsGiveTheSameBytes) {
         return ReadFile(Generate("--minutes 2 " + options));
     };
     const std::string session = generate("--seed 7");
-    EXPECT_EQ(session, generate("--seed 7"));
+    EXPECT_EQ(session, generate("--seed 7 --master " + m_Folder.Path("master")));
+    EXPECT_EQ(ReadFile(m_Folder.Path("master")), ReadFile(SOURCE_DIR "/terminal/samples/sample.master"));
     EXPECT_NE(session, generate("--seed 8"));
     // A name of standard output is written through; no other file takes its place.
     const std::string piped = m_Folder.Write("piped", "before ");

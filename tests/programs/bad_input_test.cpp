@@ -140,24 +140,26 @@ TEST_F(BadInputTest, WorkspaceAndMasterLines) {
     EXPECT_EQ(RunTool("tickreplay", "/dev/stdin " + capture, "yes '' | ").Text,
               "tickreplay: /dev/stdin:16777217: more than 16 MiB up to here; give a smaller file\n");
     const std::string master = Folder.Write("master", "broker B01 \"a name\" 2\nbroker B02 name 3\n");
+    const std::string base = Folder.Write("base", "stock A a 1\nstock B b ten\n");
     const std::string zero = "/dev/zero:1: a zero byte, which no text has; give a text file, not UTF-16";
     ExpectLines("tickreplay",
                 {{"/dev/zero " + capture, zero},
                  {"--master /dev/zero a b", zero},
+                 {"--master " + base + " a b",
+                  base + ":2: base price \"ten\" is no number from 0 to 2147483647; mend it"},
                  {"--master " + master + " a b",
-                  master + ":2: neither a stock nor a broker; write stock CODE NAME, or broker CODE "
+                  master + ":2: neither a stock nor a broker; write stock CODE NAME [BASE], or broker CODE "
                            "NAME MARK with a mark of 0, 1 or 2"}});
 }
 
 TEST_F(BadInputTest, OutputThatCannotBeWritten) {
     const std::string full = "No space left on device while writing; make room or ";
-    ExpectLines("feedgen",
-                {{"--output /nowhere/x",
-                  "/nowhere/x: folder /nowhere: No such file or directory; choose another --output"},
-                 {"--output /dev/full", "/dev/full: " + full + "choose another --output", 1},
-                 {"--help >/dev/full", "standard output: " + full + "write elsewhere", 1},
-                 {"--minutes 1 --output " + Folder.Path("x") + " >/dev/full",
-                  "standard output: " + full + "write elsewhere", 1}});
+    ExpectLines("feedgen", {{"--output /nowhere/x",
+                             "/nowhere/x: folder /nowhere: No such file or directory; choose another file"},
+                            {"--output /dev/full", "/dev/full: " + full + "choose another file", 1},
+                            {"--help >/dev/full", "standard output: " + full + "write elsewhere", 1},
+                            {"--minutes 1 --output " + Folder.Path("x") + " >/dev/full",
+                             "standard output: " + full + "write elsewhere", 1}});
     const std::string run = Screens + " " + Folder.Path("x") + " >/dev/full";
     for (const std::string options : {"--help ", "--layouts ", "--follow ", "--rows 1 "}) {
         ExpectLines("tickreplay", {{options + run, "standard output: " + full + "write elsewhere", 1}});
@@ -173,7 +175,7 @@ TEST_F(BadInputTest, AFormerCaptureStaysUntilTheNewOneIsWhole) {
     const std::ptrdiff_t files = Files();
     const Outcome full = RunTool("feedgen", "--output " + link, "ulimit -f 64; ");
     EXPECT_EQ(full.Text,
-              "feedgen: " + link + ": File too large while writing; make room or choose another --output\n");
+              "feedgen: " + link + ": File too large while writing; make room or choose another file\n");
     for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
         const pid_t process = fork();
         if (process == 0) {

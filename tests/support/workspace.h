@@ -5,25 +5,15 @@
 #include <string>
 #include <vector>
 
-#include "terminal/screens/screen.h"
 #include "terminal/workspace.h"
 #include "tests/support/host_parts.h"
 
-inline tools::InitText InitOf(const tools::WorkspaceLine& line) {
-    const tools::ScreenKind& kind = tools::FindScreenKind(line.Map);
-    tools::InitText init = kind.MakeInit(line.Key, {"20261120"});
-    for (const auto& [name, value] : line.Fields) {
-        init.Set(name, value);
-    }
-    kind.Complete(init);
-    return init;
-}
-
 // Throws tools::BadInput for a file that cannot be read or is broken.
 inline std::vector<ScreenToOpen> ScreensOf(const std::string& workspace) {
+    const tools::InitDefaults defaults{"20261120", tools::MasterBeside(workspace).Bases};
     std::vector<ScreenToOpen> screens;
     for (const tools::WorkspaceLine& line : tools::ReadWorkspace(workspace)) {
-        screens.push_back({line.Map, std::string(InitOf(line).Bytes())});
+        screens.push_back({line.Map, std::string(tools::InitOf(line, defaults).Bytes())});
     }
     return screens;
 }

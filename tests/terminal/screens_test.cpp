@@ -71,6 +71,7 @@ TEST_F(ScreensTest, LadderAlarmsAndGroups) {
     EndBatch();
     Trade(995, 20);
     EndBatch();
+    File("w.master", "stock ASII \"ASII shares\" 1000\nbroker B01 One 0\nbroker B03 Three 2\n");
     File("InterestAlarm.ini", "[ALARM007-002]\ndecreased price=1006\nincreased price=995\n");
     File("Interest.ini", "[GROUP001]\nITEM001=1ASII      shares\n");
     File("TradeMonEnv.ini",
