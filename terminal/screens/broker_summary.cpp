@@ -1,7 +1,7 @@
 // The ten rows of a stock's broker totals, which each buffer brings whole.
 #include "module/layouts/RSBRSM01.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/row_list.h"
-#include "terminal/screens/screen.h"
 
 namespace tools {
 
@@ -19,7 +19,6 @@ std::unique_ptr<Screen> Open(const InitText& /*init*/, std::size_t /*rows*/) {
 
 }  // namespace
 
-extern const ScreenKind kBrokerSummary = {"RSBRSM01_R", MakeInit, RowsTables<BrokerFront, BrokerDisplayRow>,
-                                          Open};
+const ScreenKind kBrokerSummary = {"RSBRSM01_R", MakeInit, RowsTables<BrokerFront, BrokerDisplayRow>, Open};
 
 }  // namespace tools

@@ -5,8 +5,8 @@
 #include "module/layouts/RSCAND11.h"
 #include "terminal/errors.h"
 #include "terminal/screens/candle_chart.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/row_list.h"
-#include "terminal/screens/screen.h"
 #include "terminal/text.h"
 
 namespace tools {
@@ -111,18 +111,18 @@ std::unique_ptr<Screen> Open(const InitText& /*init*/, std::size_t rows) {
 
 }  // namespace
 
-extern const ScreenKind kIndexCandles = {"RICAND11_R",
-                                         MakeInit<IndexKeyOf, IndexCandleRow>,
-                                         RowsTables<HeadedRows, IndexCandleRow>,
-                                         Open<IndexCandleRow, 3>,
-                                         "COMP",
-                                         Complete};
+const ScreenKind kIndexCandles = {"RICAND11_R",
+                                  MakeInit<IndexKeyOf, IndexCandleRow>,
+                                  RowsTables<HeadedRows, IndexCandleRow>,
+                                  Open<IndexCandleRow, 3>,
+                                  "COMP",
+                                  Complete};
 
-extern const ScreenKind kStockCandles = {"RSCAND11_R",
-                                         MakeInit<StockKeyOf, StockCandleRow>,
-                                         RowsTables<HeadedRows, StockCandleRow>,
-                                         Open<StockCandleRow, 0>,
-                                         "1ASII",
-                                         Complete};
+const ScreenKind kStockCandles = {"RSCAND11_R",
+                                  MakeInit<StockKeyOf, StockCandleRow>,
+                                  RowsTables<HeadedRows, StockCandleRow>,
+                                  Open<StockCandleRow, 0>,
+                                  "1ASII",
+                                  Complete};
 
 }  // namespace tools

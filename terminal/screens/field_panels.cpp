@@ -6,8 +6,8 @@
 #include "module/layouts/RSTRDE01.h"
 #include "terminal/code_page.h"
 #include "terminal/errors.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/panel.h"
-#include "terminal/screens/screen.h"
 #include "terminal/text.h"
 
 namespace tools {
@@ -174,9 +174,8 @@ constexpr ScreenKind PanelKind(const char* map, const char* sampleKey) {
 
 }  // namespace
 
-extern const ScreenKind kIndexPanelScreen =
-    PanelKind<IndexPanelInit, kIndexPanel, IndexKeyOf>("RITRDE01_R", "COMP");
-extern const ScreenKind kStockPanelScreen =
+const ScreenKind kIndexPanelScreen = PanelKind<IndexPanelInit, kIndexPanel, IndexKeyOf>("RITRDE01_R", "COMP");
+const ScreenKind kStockPanelScreen =
     PanelKind<StockPanelInit, kStockPanel, StockKeyOf>("RSTRDE01_R", "1ASII");
 
 }  // namespace tools

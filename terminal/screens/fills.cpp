@@ -1,7 +1,7 @@
 // Time and sales of a stock.
 #include "module/layouts/RSDONE01.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/row_list.h"
-#include "terminal/screens/screen.h"
 
 namespace tools {
 
@@ -21,7 +21,7 @@ InitText MakeInit(std::string_view key, const InitDefaults& /*defaults*/) {
 
 }  // namespace
 
-extern const ScreenKind kFills = {"RSDONE01_R", MakeInit, RowsTables<PlainRows, FillRow>,
-                                  OpenRowList<PlainRows, FillRow>};
+const ScreenKind kFills = {"RSDONE01_R", MakeInit, RowsTables<PlainRows, FillRow>,
+                           OpenRowList<PlainRows, FillRow>};
 
 }  // namespace tools

@@ -1,7 +1,7 @@
 // The values of a fund.
 #include "module/layouts/RSETFNAV.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/panel.h"
-#include "terminal/screens/screen.h"
 #include "terminal/text.h"
 
 namespace tools {
@@ -27,6 +27,6 @@ std::unique_ptr<Screen> Open(const InitText& /*init*/, std::size_t /*rows*/) {
 
 }  // namespace
 
-extern const ScreenKind kFundValues = {"RSETFNAV_R", MakeInit, Display, Open};
+const ScreenKind kFundValues = {"RSETFNAV_R", MakeInit, Display, Open};
 
 }  // namespace tools

@@ -1,6 +1,7 @@
 // The board of indices: a row each, of which a buffer brings those that have changed.
 #include "module/layouts/RITRDE02.h"
 #include "terminal/screens/board_table.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/row_table.h"
 
 namespace tools {
@@ -35,7 +36,6 @@ std::unique_ptr<Screen> Open(const InitText& init, std::size_t /*rows*/) {
 
 }  // namespace
 
-extern const ScreenKind kIndexBoard = {"RITRDE02_R", MakeInit, RowsTables<PlainRows, IndexBoardRow>, Open,
-                                       "COMP"};
+const ScreenKind kIndexBoard = {"RITRDE02_R", MakeInit, RowsTables<PlainRows, IndexBoardRow>, Open, "COMP"};
 
 }  // namespace tools

@@ -2,8 +2,8 @@
 #include "module/layouts/RINTIK01.h"
 #include "module/layouts/RINTIK11.h"
 #include "terminal/errors.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/row_list.h"
-#include "terminal/screens/screen.h"
 
 namespace tools {
 
@@ -34,9 +34,9 @@ InitText MakeChart(std::string_view key, const InitDefaults& defaults) {
 
 }  // namespace
 
-extern const ScreenKind kIndexTicks = {"RINTIK01_R", MakeList, RowsTables<PlainRows, IndexTickRow>,
-                                       OpenRowList<PlainRows, IndexTickRow>, "COMP"};
-extern const ScreenKind kIndexChartTicks = {"RINTIK11_R", MakeChart, RowsTables<HeadedRows, IndexChartRow>,
-                                            OpenRowList<HeadedRows, IndexChartRow>, "COMP"};
+const ScreenKind kIndexTicks = {"RINTIK01_R", MakeList, RowsTables<PlainRows, IndexTickRow>,
+                                OpenRowList<PlainRows, IndexTickRow>, "COMP"};
+const ScreenKind kIndexChartTicks = {"RINTIK11_R", MakeChart, RowsTables<HeadedRows, IndexChartRow>,
+                                     OpenRowList<HeadedRows, IndexChartRow>, "COMP"};
 
 }  // namespace tools

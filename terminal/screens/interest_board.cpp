@@ -2,6 +2,7 @@
 #include "module/layouts/RSITST01.h"
 #include "terminal/errors.h"
 #include "terminal/screens/board_table.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/row_table.h"
 
 namespace tools {
@@ -77,6 +78,6 @@ std::unique_ptr<Screen> Open(const InitText& init, std::size_t /*rows*/) {
 
 }  // namespace
 
-extern const ScreenKind kInterestBoard = {"RSITST01_R", MakeInit, RowsTables<PlainRows, InterestRow>, Open};
+const ScreenKind kInterestBoard = {"RSITST01_R", MakeInit, RowsTables<PlainRows, InterestRow>, Open};
 
 }  // namespace tools

@@ -1,39 +1,14 @@
+#include "terminal/screens/kinds.h"
+
 #include "terminal/errors.h"
-#include "terminal/screens/screen.h"
 #include "terminal/text.h"
 
 namespace tools {
 
-extern const ScreenKind kBrokerSummary;
-extern const ScreenKind kFills;
-extern const ScreenKind kFilteredOrders;
-extern const ScreenKind kFundValues;
-extern const ScreenKind kIndexBoard;
-extern const ScreenKind kIndexCandles;
-extern const ScreenKind kIndexChartTicks;
-extern const ScreenKind kIndexPanelScreen;
-extern const ScreenKind kIndexTicks;
-extern const ScreenKind kInterestBoard;
-extern const ScreenKind kNews;
-extern const ScreenKind kOpenOrders;
-extern const ScreenKind kOrderBook;
-extern const ScreenKind kOrderList;
-extern const ScreenKind kPassThrough;
-extern const ScreenKind kPriceTable;
-extern const ScreenKind kStockCandles;
-extern const ScreenKind kStockPanelScreen;
-extern const ScreenKind kSubscriptionHolder;
-extern const ScreenKind kTickList;
-extern const ScreenKind kTradeMonitor;
-
 const std::vector<const ScreenKind*>& ScreenKinds() {
-    static const std::vector<const ScreenKind*> kinds = {
-        &kSubscriptionHolder, &kIndexCandles,   &kIndexTicks, &kIndexChartTicks,
-        &kIndexPanelScreen,   &kIndexBoard,     &kNews,       &kPassThrough,
-        &kBrokerSummary,      &kStockCandles,   &kFills,      &kFundValues,
-        &kTradeMonitor,       &kInterestBoard,  &kOpenOrders, &kOrderBook,
-        &kOrderList,          &kFilteredOrders, &kTickList,   &kPriceTable,
-        &kStockPanelScreen};
+#define TICKMUX_PLACE_OF_KIND(kind) &(kind),
+    static const std::vector<const ScreenKind*> kinds = {TICKMUX_SCREEN_KINDS(TICKMUX_PLACE_OF_KIND)};
+#undef TICKMUX_PLACE_OF_KIND
     return kinds;
 }
 

@@ -1,8 +1,8 @@
 // Headlines of the kind that the key selects.
 #include "module/layouts/RRNEWS01.h"
 #include "terminal/errors.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/row_list.h"
-#include "terminal/screens/screen.h"
 
 namespace tools {
 
@@ -24,7 +24,7 @@ InitText MakeInit(std::string_view key, const InitDefaults& /*defaults*/) {
 
 }  // namespace
 
-extern const ScreenKind kNews = {"RRNEWS01_R", MakeInit, RowsTables<NewsFront, NewsRow>,
-                                 OpenRowList<NewsFront, NewsRow>, "0"};
+const ScreenKind kNews = {"RRNEWS01_R", MakeInit, RowsTables<NewsFront, NewsRow>,
+                          OpenRowList<NewsFront, NewsRow>, "0"};
 
 }  // namespace tools

@@ -3,6 +3,7 @@
 
 #include "module/layouts/RSODER01.h"
 #include "terminal/errors.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/plain_table.h"
 #include "terminal/screens/row_table.h"
 #include "terminal/text.h"
@@ -126,6 +127,6 @@ std::unique_ptr<Screen> Open(const InitText& /*init*/, std::size_t /*rows*/) {
 
 }  // namespace
 
-extern const ScreenKind kOrderBook = {"RSODER01_R", MakeInit, RowsTables<PlainRows, BookRow>, Open};
+const ScreenKind kOrderBook = {"RSODER01_R", MakeInit, RowsTables<PlainRows, BookRow>, Open};
 
 }  // namespace tools

@@ -3,6 +3,7 @@
 #include "module/layouts/RSORDE21.h"
 #include "module/layouts/RSORDE22.h"
 #include "terminal/errors.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/order_table.h"
 #include "terminal/text.h"
 
@@ -69,11 +70,9 @@ constexpr char kSampleKey[] = "ACC001";
 
 }  // namespace
 
-extern const ScreenKind kOpenOrders = {"RSNOCH21_R", MakeOpenOrders, OrderTables, Open<BlankTail::No>,
-                                       kSampleKey};
-extern const ScreenKind kOrderList = {"RSORDE21_R", MakeOrderList, OrderTables, Open<BlankTail::No>,
-                                      kSampleKey};
-extern const ScreenKind kFilteredOrders = {"RSORDE22_R", MakeFilteredOrders, OrderTables,
-                                           Open<BlankTail::Allowed>, kSampleKey};
+const ScreenKind kOpenOrders = {"RSNOCH21_R", MakeOpenOrders, OrderTables, Open<BlankTail::No>, kSampleKey};
+const ScreenKind kOrderList = {"RSORDE21_R", MakeOrderList, OrderTables, Open<BlankTail::No>, kSampleKey};
+const ScreenKind kFilteredOrders = {"RSORDE22_R", MakeFilteredOrders, OrderTables, Open<BlankTail::Allowed>,
+                                    kSampleKey};
 
 }  // namespace tools

@@ -5,7 +5,7 @@
 #include "module/layouts/RRPASS01.h"
 #include "terminal/errors.h"
 #include "terminal/packet_fields.h"
-#include "terminal/screens/screen.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/subscription_items.h"
 
 namespace tools {
@@ -76,7 +76,6 @@ std::unique_ptr<Screen> Open(const InitText& /*init*/, std::size_t /*rows*/) {
 
 }  // namespace
 
-extern const ScreenKind kPassThrough = {"RRPASS01_R", MakeInit, [] { return PassedPackets(); }, Open,
-                                        "1ASII:A"};
+const ScreenKind kPassThrough = {"RRPASS01_R", MakeInit, [] { return PassedPackets(); }, Open, "1ASII:A"};
 
 }  // namespace tools

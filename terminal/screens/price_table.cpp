@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "module/layouts/RSTRBK01.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/plain_table.h"
 #include "terminal/screens/row_table.h"
 #include "terminal/text.h"
@@ -76,6 +77,6 @@ std::unique_ptr<Screen> Open(const InitText& /*init*/, std::size_t rows) {
 
 }  // namespace
 
-extern const ScreenKind kPriceTable = {"RSTRBK01_R", MakeInit, RowsTables<PlainRows, PriceRow>, Open};
+const ScreenKind kPriceTable = {"RSTRBK01_R", MakeInit, RowsTables<PlainRows, PriceRow>, Open};
 
 }  // namespace tools

@@ -1,8 +1,8 @@
 // The subscription holder, which keeps codes subscribed to and receives nothing.
 #include "module/layouts/RDUMMY01.h"
 #include "terminal/errors.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/row_table.h"
-#include "terminal/screens/screen.h"
 #include "terminal/screens/subscription_items.h"
 
 namespace tools {
@@ -45,7 +45,7 @@ std::unique_ptr<Screen> Open(const InitText& init, std::size_t /*rows*/) {
 
 }  // namespace
 
-extern const ScreenKind kSubscriptionHolder = {"RDUMMY01_R", MakeInit,
-                                               [] { return std::vector<LayoutTable>(); }, Open, "1ASII:A"};
+const ScreenKind kSubscriptionHolder = {"RDUMMY01_R", MakeInit, [] { return std::vector<LayoutTable>(); },
+                                        Open, "1ASII:A"};
 
 }  // namespace tools

@@ -1,7 +1,7 @@
 // The tick list of a stock.
 #include "module/layouts/RSTICK11.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/row_list.h"
-#include "terminal/screens/screen.h"
 #include "terminal/text.h"
 
 namespace tools {
@@ -23,7 +23,7 @@ InitText MakeInit(std::string_view key, const InitDefaults& defaults) {
 
 }  // namespace
 
-extern const ScreenKind kTickList = {"RSTICK11_R", MakeInit, RowsTables<HeadedRows, TickRow>,
-                                     OpenRowList<HeadedRows, TickRow>};
+const ScreenKind kStockTicks = {"RSTICK11_R", MakeInit, RowsTables<HeadedRows, TickRow>,
+                                OpenRowList<HeadedRows, TickRow>};
 
 }  // namespace tools

@@ -1,6 +1,7 @@
 // The trade monitor: the trades that the user's settings let through.
 #include "module/layouts/RSFLDN01.h"
 #include "terminal/errors.h"
+#include "terminal/screens/kinds.h"
 #include "terminal/screens/row_list.h"
 #include "terminal/text.h"
 
@@ -25,7 +26,7 @@ InitText MakeInit(std::string_view key, const InitDefaults& /*defaults*/) {
 
 }  // namespace
 
-extern const ScreenKind kTradeMonitor = {"RSFLDN01_R", MakeInit, RowsTables<PlainRows, MonitorRow>,
-                                         OpenRowList<PlainRows, MonitorRow>, kNoKey};
+const ScreenKind kTradeMonitor = {"RSFLDN01_R", MakeInit, RowsTables<PlainRows, MonitorRow>,
+                                  OpenRowList<PlainRows, MonitorRow>, kNoKey};
 
 }  // namespace tools
