@@ -3,7 +3,8 @@
 // A packet has no header besides its type char, no terminator and no checksum; one whose payload is not
 // exactly its struct's size is dropped. Texts are space-padded and not ended. Sign chars: '1' to '4' a rise,
 // '5' to '8' a fall, anything else no change. Times are HHMMSS. Stock prices are whole numbers; index values
-// and changes stand for the value times 10000.
+// and changes stand for the value times 10000. A packet describes itself: Describe(packet, visit) calls
+// visit(name, member) for each field in order.
 #ifndef TICKMUX_MODULE_WIRE_PACKETS_H
 #define TICKMUX_MODULE_WIRE_PACKETS_H
 
@@ -51,6 +52,33 @@ static_assert(offsetof(TradePacket, Time) == 12 && offsetof(TradePacket, TradeRe
               offsetof(TradePacket, Price) == 40 && offsetof(TradePacket, Value) == 80 &&
               offsetof(TradePacket, LotSize) == 96);
 
+template <class Visitor>
+void Describe(const TradePacket& packet, Visitor&& visit) {
+    visit("Key", packet.Key);
+    visit("Reserved1", packet.Reserved1);
+    visit("Time", packet.Time);
+    visit("Sign", packet.Sign);
+    visit("Broker1", packet.Broker1);
+    visit("Broker1Class", packet.Broker1Class);
+    visit("Broker2", packet.Broker2);
+    visit("Broker2Class", packet.Broker2Class);
+    visit("Reserved2", packet.Reserved2);
+    visit("TradeRef", packet.TradeRef);
+    visit("Price", packet.Price);
+    visit("Change", packet.Change);
+    visit("Open", packet.Open);
+    visit("High", packet.High);
+    visit("Low", packet.Low);
+    visit("Best1Price", packet.Best1Price);
+    visit("Best2Price", packet.Best2Price);
+    visit("TradeCount", packet.TradeCount);
+    visit("Volume", packet.Volume);
+    visit("TotalVolume", packet.TotalVolume);
+    visit("Value", packet.Value);
+    visit("TotalValue", packet.TotalValue);
+    visit("LotSize", packet.LotSize);
+}
+
 // Ten price levels on each side of a stock's book.
 struct PacketLevel {
     Little<int32_t> Side1Price;
@@ -59,6 +87,14 @@ struct PacketLevel {
     Little<int32_t> Side2Qty;
 };
 static_assert(sizeof(PacketLevel) == 16);
+
+template <class Visitor>
+void Describe(const PacketLevel& level, Visitor&& visit) {
+    visit("Side1Price", level.Side1Price);
+    visit("Side1Qty", level.Side1Qty);
+    visit("Side2Price", level.Side2Price);
+    visit("Side2Qty", level.Side2Qty);
+}
 
 struct BookPacket {
     static constexpr char kType = 'B';
@@ -73,6 +109,16 @@ struct BookPacket {
 static_assert(sizeof(BookPacket) == 192 && alignof(BookPacket) == 1);
 static_assert(offsetof(BookPacket, Levels) == 24 && offsetof(BookPacket, Side1Total) == 184);
 
+template <class Visitor>
+void Describe(const BookPacket& packet, Visitor&& visit) {
+    visit("Key", packet.Key);
+    visit("Reserved1", packet.Reserved1);
+    visit("BasePrice", packet.BasePrice);
+    visit("Levels", packet.Levels);
+    visit("Side1Total", packet.Side1Total);
+    visit("Side2Total", packet.Side2Total);
+}
+
 // Ten rows of broker totals for a stock.
 struct BrokerRow {
     char Broker1[4];
@@ -81,6 +127,14 @@ struct BrokerRow {
     char Qty2[10];
 };
 static_assert(sizeof(BrokerRow) == 28);
+
+template <class Visitor>
+void Describe(const BrokerRow& row, Visitor&& visit) {
+    visit("Broker1", row.Broker1);
+    visit("Qty1", row.Qty1);
+    visit("Broker2", row.Broker2);
+    visit("Qty2", row.Qty2);
+}
 
 struct BrokerPacket {
     static constexpr char kType = 'C';
@@ -92,6 +146,14 @@ struct BrokerPacket {
 };
 static_assert(sizeof(BrokerPacket) == 300 && alignof(BrokerPacket) == 1);
 static_assert(offsetof(BrokerPacket, Rows) == 20);
+
+template <class Visitor>
+void Describe(const BrokerPacket& packet, Visitor&& visit) {
+    visit("Key", packet.Key);
+    visit("Time", packet.Time);
+    visit("Reserved1", packet.Reserved1);
+    visit("Rows", packet.Rows);
+}
 
 // One closed minute bar of a stock.
 struct BarPacket {
@@ -111,6 +173,20 @@ struct BarPacket {
 static_assert(sizeof(BarPacket) == 52 && alignof(BarPacket) == 1);
 static_assert(offsetof(BarPacket, Time) == 12 && offsetof(BarPacket, Open) == 20 &&
               offsetof(BarPacket, Volume) == 36);
+
+template <class Visitor>
+void Describe(const BarPacket& packet, Visitor&& visit) {
+    visit("Key", packet.Key);
+    visit("Reserved1", packet.Reserved1);
+    visit("Time", packet.Time);
+    visit("Reserved2", packet.Reserved2);
+    visit("Open", packet.Open);
+    visit("High", packet.High);
+    visit("Low", packet.Low);
+    visit("Close", packet.Close);
+    visit("Volume", packet.Volume);
+    visit("Reserved3", packet.Reserved3);
+}
 
 inline constexpr double kIndexScale = 10000.0;
 
@@ -142,6 +218,29 @@ static_assert(sizeof(IndexPacket) == 80 && alignof(IndexPacket) == 1);
 static_assert(offsetof(IndexPacket, Index) == 12 && offsetof(IndexPacket, Volume) == 24 &&
               offsetof(IndexPacket, TotalValue) == 44 && offsetof(IndexPacket, Open) == 68);
 
+template <class Visitor>
+void Describe(const IndexPacket& packet, Visitor&& visit) {
+    visit("Key", packet.Key);
+    visit("Time", packet.Time);
+    visit("Sign", packet.Sign);
+    visit("Reserved1", packet.Reserved1);
+    visit("Index", packet.Index);
+    visit("Change", packet.Change);
+    visit("Reserved2", packet.Reserved2);
+    visit("Volume", packet.Volume);
+    visit("Value", packet.Value);
+    visit("Count5", packet.Count5);
+    visit("TotalVolume", packet.TotalVolume);
+    visit("TotalValue", packet.TotalValue);
+    visit("Count2", packet.Count2);
+    visit("Count1", packet.Count1);
+    visit("Count3", packet.Count3);
+    visit("Count4", packet.Count4);
+    visit("Open", packet.Open);
+    visit("High", packet.High);
+    visit("Low", packet.Low);
+}
+
 // One closed minute bar of an index.
 struct IndexBarPacket {
     static constexpr char kType = 'F';
@@ -156,6 +255,16 @@ struct IndexBarPacket {
 static_assert(sizeof(IndexBarPacket) == 24 && alignof(IndexBarPacket) == 1);
 static_assert(offsetof(IndexBarPacket, Index) == 12);
 
+template <class Visitor>
+void Describe(const IndexBarPacket& packet, Visitor&& visit) {
+    visit("Key", packet.Key);
+    visit("Time", packet.Time);
+    visit("Reserved1", packet.Reserved1);
+    visit("Index", packet.Index);
+    visit("Volume", packet.Volume);
+    visit("Reserved2", packet.Reserved2);
+}
+
 // Carried through only.
 struct MarketPacket {
     static constexpr char kType = 'M';
@@ -164,6 +273,12 @@ struct MarketPacket {
     char Reserved1[34];
 };
 static_assert(sizeof(MarketPacket) == 39);
+
+template <class Visitor>
+void Describe(const MarketPacket& packet, Visitor&& visit) {
+    visit("Code", packet.Code);
+    visit("Reserved1", packet.Reserved1);
+}
 
 // Values of a fund.
 struct NavPacket {
@@ -180,6 +295,17 @@ struct NavPacket {
 static_assert(sizeof(NavPacket) == 110 && alignof(NavPacket) == 1);
 static_assert(offsetof(NavPacket, Kind) == 12 && offsetof(NavPacket, Value1) == 22 &&
               offsetof(NavPacket, Value2) == 66);
+
+template <class Visitor>
+void Describe(const NavPacket& packet, Visitor&& visit) {
+    visit("Key", packet.Key);
+    visit("Reserved1", packet.Reserved1);
+    visit("Kind", packet.Kind);
+    visit("Value1", packet.Value1);
+    visit("Reserved2", packet.Reserved2);
+    visit("Value2", packet.Value2);
+    visit("Reserved3", packet.Reserved3);
+}
 
 // One trade of the market-wide feed, in compact form.
 struct CompactTradePacket {
@@ -199,6 +325,20 @@ struct CompactTradePacket {
 static_assert(sizeof(CompactTradePacket) == 40 && alignof(CompactTradePacket) == 1);
 static_assert(offsetof(CompactTradePacket, Key) == 6 && offsetof(CompactTradePacket, Price) == 27 &&
               offsetof(CompactTradePacket, Change) == 32);
+
+template <class Visitor>
+void Describe(const CompactTradePacket& packet, Visitor&& visit) {
+    visit("Time", packet.Time);
+    visit("Key", packet.Key);
+    visit("Broker1", packet.Broker1);
+    visit("Broker1Class", packet.Broker1Class);
+    visit("Broker2", packet.Broker2);
+    visit("Broker2Class", packet.Broker2Class);
+    visit("Price", packet.Price);
+    visit("Sign", packet.Sign);
+    visit("Change", packet.Change);
+    visit("Volume", packet.Volume);
+}
 
 // One news headline.
 struct NewsPacket {
@@ -221,6 +361,19 @@ struct NewsPacket {
 };
 static_assert(sizeof(NewsPacket) == 125 && alignof(NewsPacket) == 1);
 static_assert(offsetof(NewsPacket, Category) == 23 && offsetof(NewsPacket, Title) == 45);
+
+template <class Visitor>
+void Describe(const NewsPacket& packet, Visitor&& visit) {
+    visit("NewsKind", packet.NewsKind);
+    visit("Date", packet.Date);
+    visit("Time", packet.Time);
+    visit("NewsRef2", packet.NewsRef2);
+    visit("Reserved1", packet.Reserved1);
+    visit("Category", packet.Category);
+    visit("NewsRef1", packet.NewsRef1);
+    visit("Code", packet.Code);
+    visit("Title", packet.Title);
+}
 
 // One order notice.
 struct OrderPacket {
@@ -259,6 +412,37 @@ static_assert(offsetof(OrderPacket, UserField) == 21 && offsetof(OrderPacket, Si
               offsetof(OrderPacket, GroupCode) == 112 && offsetof(OrderPacket, UserId) == 196 &&
               offsetof(OrderPacket, DisplayText) == 253 && offsetof(OrderPacket, LotSize) == 270);
 
+template <class Visitor>
+void Describe(const OrderPacket& packet, Visitor&& visit) {
+    visit("Time", packet.Time);
+    visit("Reserved1", packet.Reserved1);
+    visit("RecordKind", packet.RecordKind);
+    visit("NoticeKind", packet.NoticeKind);
+    visit("OrderAction", packet.OrderAction);
+    visit("OrderState", packet.OrderState);
+    visit("ResultFlag", packet.ResultFlag);
+    visit("Reserved2", packet.Reserved2);
+    visit("UserField", packet.UserField);
+    visit("OrderNo", packet.OrderNo);
+    visit("ParentOrderNo", packet.ParentOrderNo);
+    visit("Code", packet.Code);
+    visit("Side", packet.Side);
+    visit("Quantity", packet.Quantity);
+    visit("Price", packet.Price);
+    visit("Reserved3", packet.Reserved3);
+    visit("Name", packet.Name);
+    visit("Reserved4", packet.Reserved4);
+    visit("GroupCode", packet.GroupCode);
+    visit("Reserved5", packet.Reserved5);
+    visit("ChannelCode", packet.ChannelCode);
+    visit("UserId", packet.UserId);
+    visit("Reserved6", packet.Reserved6);
+    visit("DisplayText", packet.DisplayText);
+    visit("BoardName", packet.BoardName);
+    visit("LotSize", packet.LotSize);
+    visit("Reserved7", packet.Reserved7);
+}
+
 // Carried through only.
 struct SpecialPacket {
     static constexpr char kType = '@';
@@ -267,5 +451,11 @@ struct SpecialPacket {
     char Reserved1[166];
 };
 static_assert(sizeof(SpecialPacket) == 177);
+
+template <class Visitor>
+void Describe(const SpecialPacket& packet, Visitor&& visit) {
+    visit("Code", packet.Code);
+    visit("Reserved1", packet.Reserved1);
+}
 
 #endif
