@@ -12,8 +12,12 @@ struct EventChars {
     char OrderState;
     char ResultFlag;
 };
-constexpr EventChars kEventChars[] = {{'1', '0', '0'}, {'2', '0', '0'}, {'2', '1', '0'},
-                                      {'2', '2', '0'}, {'2', '0', '1'}, {'2', '2', '1'}};
+constexpr EventChars kEventChars[] = {{kSendingNotice, kAcceptance, kNormal},
+                                      {kAnswer, kAcceptance, kNormal},
+                                      {kAnswer, kFill, kNormal},
+                                      {kAnswer, kConfirmation, kNormal},
+                                      {kAnswer, kAcceptance, kRefused},
+                                      {kAnswer, kConfirmation, kRefused}};
 
 }  // namespace
 

@@ -55,13 +55,10 @@ public:
     }
 
     void Clear() { m_nSize = 0; }
-    // To more items, their values not set; there must be room.
-    void Stretch(std::size_t size) {
-        assert(m_nSize <= size && size <= m_nRoom);
-        m_nSize = size;
-    }
-    void Shrink(std::size_t size) {
-        assert(size <= m_nSize);
+
+    // To so many items, for which there must be room; the values of new ones are not set.
+    void Resize(std::size_t size) {
+        assert(size <= m_nRoom);
         m_nSize = size;
     }
 

@@ -20,14 +20,14 @@ public:
         // Once more than half have been taken the others move down, each as often as one was taken.
         if (m_nTaken > m_Items.Size() / 2) {
             std::copy(m_Items.Data() + m_nTaken, m_Items.Data() + m_Items.Size(), m_Items.Data());
-            m_Items.Shrink(Size());
+            m_Items.Resize(Size());
             m_nTaken = 0;
         }
         const std::size_t place = m_Items.Size();
         if (!m_Items.Reserve(place + count)) {
             return nullptr;
         }
-        m_Items.Stretch(place + count);
+        m_Items.Resize(place + count);
         return m_Items.Data() + place;
     }
 

@@ -8,6 +8,12 @@
 
 #include "module/wire/shapes.h"
 
+inline constexpr char kSide1Row = '1';  // OrderRow::SideFlag
+inline constexpr char kSide2Row = '0';
+
+inline constexpr char kBoardTN = '1';  // OrderRow::BoardFlag
+inline constexpr char kOtherBoard = '0';
+
 // One order. The same layout stands in the Init text, in the decoder and in the message. Figures are
 // right-aligned unless told otherwise.
 struct OrderRow {
@@ -15,8 +21,8 @@ struct OrderRow {
     char DisplayText[12];
     char Code[12];    // left-aligned
     char SideTag[2];  // "2 " for side 1, "4 " for side 2, else blank
-    char SideFlag;    // '1' for side 1, '0' for side 2, else the side's char
-    char BoardFlag;   // '1' for board "TN", else '0'
+    char SideFlag;    // kSide1Row, kSide2Row, else the side's char
+    char BoardFlag;   // kBoardTN, kOtherBoard
     char BoardName[5];
     char OrderPrice[15];  // nine digits as they came, left-aligned
     char OrderQty[15];

@@ -7,12 +7,14 @@
 
 #include "module/layouts/Orders.h"
 
+inline constexpr char kBothSides = '2';  // FilteredOrdersInit::SideFilter
+
 struct FilteredOrdersInit {
     char GroupFilter[8];  // blank: all
     char UserField[6];
     char CodeFilter[12];  // "All ", "ALL " or blank: all
     char StatusFilter;    // '0' all rows, '1' open orders, '2' done, '3' withdrawn, '4' partly filled
-    char SideFilter;      // '1' side 1, '0' side 2, '2' or blank: both
+    char SideFilter;      // kSide1Row, kSide2Row, kBothSides or blank
     char BoardFilter[5];  // "All", "ALL" or blank: all; "NG" also takes "ADV"
     char Reserved[32];
     RepeatHead Repeat;  // only Count is read

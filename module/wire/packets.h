@@ -375,6 +375,18 @@ void Describe(const NewsPacket& packet, Visitor&& visit) {
     visit("Title", packet.Title);
 }
 
+// What an order notice tells of itself, in the fields of these names.
+enum NoticeKind : char { kSendingNotice = '1', kAnswer = '2' };
+enum OrderAction : char {
+    kNewOrder = '1',
+    kAmendment = '2',
+    kCancellation = '3',
+    kClosing = '4',  // a cancellation that closes an order by itself
+};
+enum OrderState : char { kAcceptance = '0', kFill = '1', kConfirmation = '2' };
+enum ResultFlag : char { kNormal = '0', kRefused = '1' };
+enum Side : char { kSide1 = '1', kSide2 = '2' };
+
 // One order notice.
 struct OrderPacket {
     static constexpr char kType = '0';
@@ -382,16 +394,16 @@ struct OrderPacket {
     char Time[6];
     char Reserved1[3];
     char RecordKind[2];  // "01", or the notice is ignored
-    char NoticeKind;     // '1' sending, '2' answer
-    char OrderAction;    // '1' new order, '2' amendment, '3' cancellation, '4' closing cancellation
-    char OrderState;     // '0' acceptance, '1' fill, '2' confirmation
-    char ResultFlag;     // '0' normal, '1' refused
+    char NoticeKind;
+    char OrderAction;
+    char OrderState;
+    char ResultFlag;
     char Reserved2[6];
     char UserField[6];
     char OrderNo[7];
     char ParentOrderNo[7];  // the order that this one amends or cancels
     char Code[12];
-    char Side;  // '1' or '2'
+    char Side;
     char Quantity[11];
     char Price[9];  // order price; fill price on fills
     char Reserved3[6];

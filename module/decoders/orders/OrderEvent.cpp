@@ -85,6 +85,18 @@ void PutText(char (&dst)[N], const char (&src)[M]) {
     std::copy(src, std::find(src, src + M, '\0'), dst);
 }
 
+// The sides' tags are colours of their own: side 1 is '2', not the '1' of a rise.
+void PutSide(OrderRow& row, char side) {
+    row.SideFlag = side;
+    if (side == kSide1) {
+        row.SideTag[0] = '2';
+        row.SideFlag = kSide1Row;
+    } else if (side == kSide2) {
+        row.SideTag[0] = '4';
+        row.SideFlag = kSide2Row;
+    }
+}
+
 // True if the board's name begins so.
 bool IsBoard(const OrderPacket& notice, std::string_view name) {
     return std::string_view(notice.BoardName, sizeof(notice.BoardName)).starts_with(name);
@@ -106,11 +118,8 @@ OrderEvent BuildEvent(const OrderPacket& notice, std::span<const NoticeRoute> ro
     PutText(row.Time, notice.Time);
     PutText(row.DisplayText, notice.DisplayText);
     PutText(row.Code, notice.Code);
-    if (notice.Side == '1' || notice.Side == '2') {
-        row.SideTag[0] = notice.Side == '1' ? '2' : '4';
-    }
-    row.SideFlag = notice.Side == '1' ? '1' : notice.Side == '2' ? '0' : notice.Side;
-    row.BoardFlag = IsBoard(notice, "TN") ? '1' : '0';
+    PutSide(row, notice.Side);
+    row.BoardFlag = IsBoard(notice, "TN") ? kBoardTN : kOtherBoard;
     PutText(row.BoardName, notice.BoardName);
     PutText(row.OrderPrice, notice.Price);
     Put(row.OrderQty, event.Quantity);

@@ -11,24 +11,17 @@
 #include "module/layouts/Orders.h"
 #include "module/wire/packets.h"
 
-// ------------------------------------------------------------------ what a notice says of itself
-
-// Each with what a table of routes may ask for instead.
-enum NoticeKind : char { kAnyKind = '*', kSendingNotice = '1', kAnswer = '2' };
-enum ResultFlag : char { kAnyResult = '*', kNormal = '0', kRefused = '1', kNotNormal = '!' };
-enum OrderState : char { kAnyState = '*', kAcceptance = '0', kFill = '1', kConfirmation = '2' };
-enum OrderAction : char {
-    kAnyAction = '*',
-    kNewOrder = '1',
-    kAmendment = '2',
-    kCancellation = '3',
-    kClosing = '4',  // a cancellation that closes an order by itself
-};
-
 // Other record kinds are no orders.
 bool IsRecord(const OrderPacket& notice);
 
 // ------------------------------------------------------------------ routes
+
+// What a table of routes may ask for instead of one value.
+inline constexpr NoticeKind kAnyKind{'*'};
+inline constexpr ResultFlag kAnyResult{'*'};
+inline constexpr ResultFlag kNotNormal{'!'};
+inline constexpr OrderState kAnyState{'*'};
+inline constexpr OrderAction kAnyAction{'*'};
 
 // What the event is about. Where an order is sent or accepted it is the order's kind.
 enum class EventCode : char {

@@ -46,12 +46,18 @@ bool PassesBoard(const FilteredOrdersInit& filter, const OrderPacket& notice) {
            wanted.substr(before.size() + 2).starts_with(behind);
 }
 
-// The filter's values are those of OrderRow::SideFlag.
 bool PassesSide(const FilteredOrdersInit& filter, const OrderPacket& notice) {
-    if (filter.SideFilter == ' ' || filter.SideFilter == '2') {
+    if (filter.SideFilter == ' ' || filter.SideFilter == kBothSides) {
         return true;
     }
-    return notice.Side == '1' ? filter.SideFilter == '1' : notice.Side != '2' || filter.SideFilter == '0';
+    switch (notice.Side) {
+        case kSide1:
+            return filter.SideFilter == kSide1Row;
+        case kSide2:
+            return filter.SideFilter == kSide2Row;
+        default:
+            return true;
+    }
 }
 
 }  // namespace

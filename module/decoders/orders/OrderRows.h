@@ -57,7 +57,7 @@ public:
         const std::size_t place = PlaceOf(item);
         assert(place < Size() && m_Items[place] == item);
         std::copy(m_Items.Data() + place + 1, m_Items.Data() + Size(), m_Items.Data() + place);
-        m_Items.Shrink(Size() - 1);
+        m_Items.Resize(Size() - 1);
     }
     int CountAbove(Item item) const {
         const std::size_t place = PlaceOf(item);
@@ -68,7 +68,7 @@ public:
     template <class Test>
     void RemoveIf(std::size_t place, Test&& test) {
         Item* end = m_Items.Data() + Size();
-        m_Items.Shrink(
+        m_Items.Resize(
             static_cast<std::size_t>(std::remove_if(m_Items.Data() + place, end, test) - m_Items.Data()));
     }
 
