@@ -4,10 +4,10 @@
     scripts/tidy.py BUILD...     the sources that these build folders have compiled
 
 What is clean is noted in build/tidy/clean.json: a source with its headers, its compile command, the settings and
-the version of clang-tidy. Where the settings leave the analyzer out, sources with one command are checked in batches,
-each as one text that includes them, since most of the time goes into the headers of the standard library; sources that
-cannot stand in one text, because they have a name in common, are parted. The analyzer looks at a main file alone, so
-that what it is for is checked one by one. Exit 1 if anything is found.
+the version of clang-tidy. Most of the time goes into the headers of the standard library, so that sources with one
+command are checked in batches, each as one text that includes them; sources that cannot stand in one text, because
+they have a name in common, are parted. The analyzer looks at a main file alone, so that it runs source by source,
+where the settings ask for it.
 """
 
 import concurrent.futures
@@ -27,6 +27,11 @@ CLEAN = FOLDER / "clean.json"
 BATCH = 16
 CHEAPEST = "misc-unused-alias-decls"  # parses, and looks for hardly anything
 SETTINGS = sorted(path for path in HERE.glob("**/.clang-tidy") if not path.is_relative_to(FOLDER))
+ANALYZER = "clang-analyzer-*"
+# Parts of the analyzer that the settings leave out.
+LEFT_OUT = re.findall(r"-clang-analyzer-\w[\w.]*", pathlib.Path(HERE, ".clang-tidy").read_text(encoding="utf-8"))
+# The analyzer's paths do not run through the standard library's own functions.
+OWN_CODE = ["-Xclang", "-analyzer-config", "-Xclang", "c++-stdlib-inlining=false"]
 MAIN = re.compile(r"^int main\(|_MAIN\(", re.MULTILINE)
 USING = re.compile(r"^\s*using [\w:]+;", re.MULTILINE)
 # Compiler options that clang does not know, and the launcher in front.
@@ -129,10 +134,10 @@ def parted(batch):
 
 
 def check(batch):
-    """Whether all is clean, and what was found."""
+    """Whether all is clean but for the analyzer, and what was found."""
     if len(batch) == 1:
-        return run_tidy(batch[0].path, batch[0].command, "--header-filter=.*")
-    clean, told = in_one_text(batch)
+        return run_tidy(batch[0].path, batch[0].command, "--header-filter=.*", f"--checks=-{ANALYZER}")
+    clean, told = in_one_text(batch, f"--checks=-{ANALYZER}")
     # One check looks at the main file alone.
     for source in batch:
         if USING.search(pathlib.Path(source.path).read_text(encoding="utf-8")):
@@ -145,13 +150,22 @@ def check_all(sources):
     return [(batch, *check(batch)) for batch in parted(sources)]
 
 
+def analyze(source):
+    command = [*source.command, *OWN_CODE]
+    return [([source], *run_tidy(source.path, command, f"--checks=-*,{ANALYZER},{','.join(LEFT_OUT)}"))]
+
+
+def analyzed(sources):
+    plain = tuple(str(path.parent.relative_to(HERE)) + "/" for path in SETTINGS
+                  if path.parent != HERE and "-" + ANALYZER in path.read_text(encoding="utf-8"))
+    return [source for source in sources if not source.path.startswith(plain)]
+
+
 def batches_of(sources):
-    plain = [str(path.parent.relative_to(HERE)) + "/" for path in SETTINGS
-             if "-clang-analyzer-*" in path.read_text(encoding="utf-8") and path.parent != HERE]
     groups = {}
     for source in sources:
-        alone = "" if source.path.startswith(tuple(plain)) and not MAIN.search(
-            pathlib.Path(source.path).read_text(encoding="utf-8")) else source.path
+        has_main = MAIN.search(pathlib.Path(source.path).read_text(encoding="utf-8"))
+        alone = source.path if has_main else ""
         groups.setdefault((os.path.dirname(source.path), tuple(source.command), alone), []).append(source)
     for group in groups.values():
         for start in range(0, len(group), BATCH):
@@ -177,18 +191,18 @@ def main():
     due = [source for source in sources.values() if states[source.path] not in noted]
     print(f"  {len(due)} of {len(sources)} sources")
     kept = noted & set(states.values())
-    failed = False
+    unclean = set()
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as workers:
-        jobs = [workers.submit(check_all, batch) for batch in batches_of(due)]
+        jobs = [workers.submit(analyze, source) for source in analyzed(due)]
+        jobs += [workers.submit(check_all, batch) for batch in batches_of(due)]
         for job in concurrent.futures.as_completed(jobs):
             for batch, clean, told in job.result():
-                if clean:
-                    kept.update(states[source.path] for source in batch)
-                    CLEAN.write_text(json.dumps(sorted(kept)), encoding="utf-8")
-                else:
-                    failed = True
+                if not clean:
+                    unclean.update(source.path for source in batch)
                     print(told, file=sys.stderr)
-    return 1 if failed else 0
+    kept.update(states[source.path] for source in due if source.path not in unclean)
+    CLEAN.write_text(json.dumps(sorted(kept)), encoding="utf-8")
+    return 1 if unclean else 0
 
 
 if __name__ == "__main__":
