@@ -23,17 +23,21 @@
 #include "module/decoders/passing/CRRPASS01.h"
 #include "module/framework/map_manager.h"
 
-// clang-format off: one line a map
+namespace {
+
+template <class Decoder>
+constexpr DecoderFactoryEntry EntryOf() {
+    return {Decoder::kMapName, CreateDecoder<Decoder>};
+}
+
+}  // namespace
+
+// In order of the maps' names.
 extern constinit const DecoderFactoryEntry g_DecoderFactories[] = {
-    {CRDUMMY01::kMapName, CreateDecoder<CRDUMMY01>}, {CRICAND11::kMapName, CreateDecoder<CRICAND11>},
-    {CRINTIK01::kMapName, CreateDecoder<CRINTIK01>}, {CRINTIK11::kMapName, CreateDecoder<CRINTIK11>},
-    {CRITRDE01::kMapName, CreateDecoder<CRITRDE01>}, {CRITRDE02::kMapName, CreateDecoder<CRITRDE02>},
-    {CRRNEWS01::kMapName, CreateDecoder<CRRNEWS01>}, {CRRPASS01::kMapName, CreateDecoder<CRRPASS01>},
-    {CRSBRSM01::kMapName, CreateDecoder<CRSBRSM01>}, {CRSCAND11::kMapName, CreateDecoder<CRSCAND11>},
-    {CRSDONE01::kMapName, CreateDecoder<CRSDONE01>}, {CRSETFNAV::kMapName, CreateDecoder<CRSETFNAV>},
-    {CRSFLDN01::kMapName, CreateDecoder<CRSFLDN01>}, {CRSITST01::kMapName, CreateDecoder<CRSITST01>},
-    {CRSNOCH21::kMapName, CreateDecoder<CRSNOCH21>}, {CRSODER01::kMapName, CreateDecoder<CRSODER01>},
-    {CRSORDE21::kMapName, CreateDecoder<CRSORDE21>}, {CRSORDE22::kMapName, CreateDecoder<CRSORDE22>},
-    {CRSTICK11::kMapName, CreateDecoder<CRSTICK11>}, {CRSTRBK01::kMapName, CreateDecoder<CRSTRBK01>},
-    {CRSTRDE01::kMapName, CreateDecoder<CRSTRDE01>}, {nullptr, nullptr},
+    EntryOf<CRDUMMY01>(), EntryOf<CRICAND11>(), EntryOf<CRINTIK01>(), EntryOf<CRINTIK11>(),
+    EntryOf<CRITRDE01>(), EntryOf<CRITRDE02>(), EntryOf<CRRNEWS01>(), EntryOf<CRRPASS01>(),
+    EntryOf<CRSBRSM01>(), EntryOf<CRSCAND11>(), EntryOf<CRSDONE01>(), EntryOf<CRSETFNAV>(),
+    EntryOf<CRSFLDN01>(), EntryOf<CRSITST01>(), EntryOf<CRSNOCH21>(), EntryOf<CRSODER01>(),
+    EntryOf<CRSORDE21>(), EntryOf<CRSORDE22>(), EntryOf<CRSTICK11>(), EntryOf<CRSTRBK01>(),
+    EntryOf<CRSTRDE01>(), {nullptr, nullptr},
 };
