@@ -4,11 +4,14 @@ has the module alone.
 
     bench/report.py [--record] PROGRAMS-FOLDER WORKSPACE CAPTURE
 
-With --record the table, and the growth behind it, go to docs/performance.md with the machine's processor and
-the compiler's flags; the plot beside it is drawn by gnuplot.
+The column "before" is what the module took when it was last recorded. With --record the table, and the growth behind
+it, go to docs/performance.md with the machine's processor and the compiler's flags; the plot beside it is drawn by
+gnuplot, and every figure is added to docs/performance_history.csv with its date and revision.
 """
 
 import argparse
+import csv
+import datetime
 import json
 import pathlib
 import platform
@@ -19,6 +22,7 @@ import sys
 COMPARED = ["codecs", "tick_list", "tick_batches", "order_book", "price_panel", "board_trade", "fan_out"]
 ALONE = ["closed_candle", "rejecting_monitors", "order_fill", "mixed_session"]  # no plain form plays them
 DOCS = pathlib.Path("docs")
+HISTORY = DOCS / "performance_history.csv"
 BEGIN, END = "<!-- measured: begin -->", "<!-- measured: end -->"
 
 
@@ -63,6 +67,23 @@ def memory(folder, workspace):
     return [line.split() for line in text.splitlines()]
 
 
+def last_recorded():
+    """What the module took, by question."""
+    with HISTORY.open(encoding="utf-8") as lines:
+        return {row["what"]: float(row["ns"]) for row in csv.DictReader(lines) if row["form"] == "module"}
+
+
+def add_to_history(rows):
+    revision = subprocess.run(["git", "rev-parse", "--short", "HEAD"], capture_output=True, text=True, check=True).stdout
+    today = datetime.date.today().isoformat()
+    with HISTORY.open("a", encoding="utf-8", newline="") as lines:
+        writer = csv.writer(lines, lineterminator="\n")
+        for what, ns in rows:
+            for form in ("plain", "module", "floor"):
+                if form in ns:
+                    writer.writerow([today, revision.strip(), what, form, f"{ns[form]:.1f}"])
+
+
 def table(head, rows):
     rule = "|---|" + "---:|" * (len(head) - 1)
     lines = ["| " + " | ".join(head) + " |", rule]
@@ -74,13 +95,15 @@ def comparison_table(rows):
     def figure(value):
         return f"{value:.1f}"
 
+    before = last_recorded()
     lines = []
     for what, ns in rows:
         plain, floor = ns.get("plain"), ns.get("floor")
         lines.append([what, figure(plain) if plain else "", figure(ns["module"]),
+                      figure(before[what]) if what in before else "",
                       figure(plain / ns["module"]) if plain else "", f"{ns['aim']:g}" if plain else "",
                       figure(floor) if floor else "", figure(plain / floor) if plain and floor else ""])
-    return table(["what", "plain ns", "module ns", "ratio", "aim", "sending alone ns", "plain / sending"], lines)
+    return table(["what", "plain ns", "module ns", "before", "ratio", "aim", "sending alone ns", "plain / sending"], lines)
 
 
 def growth_table(curves):
@@ -130,9 +153,11 @@ def main():
     parser.add_argument("folder", type=pathlib.Path)
     parser.add_argument("session", nargs=2)
     arguments = parser.parse_args()
-    lines = comparison_table(compared(arguments.folder, arguments.session))
+    rows = compared(arguments.folder, arguments.session)
+    lines = comparison_table(rows)
     print("\n".join(lines))
     if arguments.record:
+        add_to_history(rows)
         curves = growth(arguments.folder)
         plot(curves)
         record([f"`./run bench --record` on {machine()}", "", *lines, "", "### Growth", "",
