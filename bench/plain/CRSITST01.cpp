@@ -70,19 +70,19 @@ private:
         }
         InterestRow& row = *found;
         const int32_t base = AsciiToLong(row.BasePrice, sizeof(row.BasePrice));
-        const int direction = SignToColor(row.PriceTag, trade.Sign);
+        const int direction = SignToColor(row.PriceColor, trade.Sign);
         LongToAscii(trade.Price, row.Price, sizeof(row.Price));
         row.Sign = trade.Sign;
-        SignToColor(row.ChangeTag, trade.Sign);
+        SignToColor(row.ChangeColor, trade.Sign);
         LongToAscii(trade.Change, row.Change, sizeof(row.Change));
-        SignToColor(row.RateTag, trade.Sign);
+        SignToColor(row.RateColor, trade.Sign);
         const double rate = ChangeRate(static_cast<double>(trade.Price) - base, base, direction);
         DoubleToAscii(rate, row.Rate, sizeof(row.Rate), 2);
-        WritePrice(row.Best2Tag, row.Best2Price, base, trade.Best2Price);
-        WritePrice(row.Best1Tag, row.Best1Price, base, trade.Best1Price);
+        WritePrice(row.Best2Color, row.Best2Price, base, trade.Best2Price);
+        WritePrice(row.Best1Color, row.Best1Price, base, trade.Best1Price);
         LongToAscii(trade.TotalVolume, row.TotalVolume, sizeof(row.TotalVolume));
-        WritePrice(row.HighTag, row.High, base, trade.High);
-        WritePrice(row.LowTag, row.Low, base, trade.Low);
+        WritePrice(row.HighColor, row.High, base, trade.High);
+        WritePrice(row.LowColor, row.Low, base, trade.Low);
         return 1;
     }
 
@@ -94,8 +94,8 @@ private:
         }
         InterestRow& row = *found;
         const int32_t base = AsciiToLong(row.BasePrice, sizeof(row.BasePrice));
-        WritePrice(row.Best2Tag, row.Best2Price, base, book.Levels[0].Side2Price);
-        WritePrice(row.Best1Tag, row.Best1Price, base, book.Levels[0].Side1Price);
+        WritePrice(row.Best2Color, row.Best2Price, base, book.Levels[0].Side2Price);
+        WritePrice(row.Best1Color, row.Best1Price, base, book.Levels[0].Side1Price);
         LongToAscii(book.Levels[0].Side2Qty, row.Side2Qty, sizeof(row.Side2Qty));
         LongToAscii(book.Levels[0].Side1Qty, row.Side1Qty, sizeof(row.Side1Qty));
         return 1;

@@ -44,14 +44,14 @@ public:
             WriteFigures(row.Side1, level.Side1);
             WriteFigures(row.Side2, level.Side2);
             if (m_nBasePrice != -1) {
-                WritePriceTags(row.Side1, level.Side1.Price);
-                WritePriceTags(row.Side2, level.Side2.Price);
+                WritePriceColors(row.Side1, level.Side1.Price);
+                WritePriceColors(row.Side2, level.Side2.Price);
             }
             if (m_nCurPrice > 0) {
                 if (m_nCurPrice == level.Side1.Price) {
-                    row.Side1.PriceTag[1] = kCurrentPrice;
+                    row.Side1.PriceColor[1] = kCurrentPrice;
                 } else if (m_nCurPrice == level.Side2.Price) {
-                    row.Side2.PriceTag[1] = kCurrentPrice;
+                    row.Side2.PriceColor[1] = kCurrentPrice;
                 }
             }
             WriteDiff(row.Side1, level.Side1.Diff);
@@ -60,8 +60,8 @@ public:
         RepeatHead& head = display->Front.Repeat;
         LongToAscii(kBookRows, head.Count, sizeof(head.Count));
         LongToAscii(sizeof(BookRow), head.Size, sizeof(head.Size));
-        ColorOf(-1, display->Rows[kBookTotals].Side1.QtyTag);
-        ColorOf(1, display->Rows[kBookTotals].Side2.QtyTag);
+        ColorOf(-1, display->Rows[kBookTotals].Side1.QtyColor);
+        ColorOf(1, display->Rows[kBookTotals].Side2.QtyColor);
         PostToView(nullptr, 0);
     }
 
@@ -151,16 +151,16 @@ private:
         LongToAscii(side.Qty, shown.Qty, sizeof(shown.Qty));
     }
 
-    void WritePriceTags(BookRowSide& shown, int32_t price) const {
-        ColorOf(Compare(price, m_nBasePrice), shown.PriceTag);
-        memcpy(shown.QtyTag, shown.PriceTag, sizeof(shown.QtyTag));
-        memcpy(shown.RateTag, shown.PriceTag, sizeof(shown.RateTag));
+    void WritePriceColors(BookRowSide& shown, int32_t price) const {
+        ColorOf(Compare(price, m_nBasePrice), shown.PriceColor);
+        memcpy(shown.QtyColor, shown.PriceColor, sizeof(shown.QtyColor));
+        memcpy(shown.RateColor, shown.PriceColor, sizeof(shown.RateColor));
     }
 
     static void WriteDiff(BookRowSide& shown, int64_t diff) {
-        ColorOf(Compare(diff, int64_t{0}), shown.DiffTag);
+        ColorOf(Compare(diff, int64_t{0}), shown.DiffColor);
         shown.DiffSign = diff > 0 ? '+' : diff < 0 ? '-' : ' ';
-        memcpy(shown.DiffAmountTag, shown.DiffTag, sizeof(shown.DiffAmountTag));
+        memcpy(shown.DiffAmountColor, shown.DiffColor, sizeof(shown.DiffAmountColor));
         Int64ToAscii(diff < 0 ? -diff : diff, shown.Diff, sizeof(shown.Diff));
     }
 

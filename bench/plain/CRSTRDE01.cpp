@@ -36,14 +36,15 @@ public:
         m_nToField = to;
         memcpy(m_Key, &init.Key, sizeof(m_Key));
         m_Fields.Clear();
-        ReadBytes(m_Fields.Tag(from), length);
+        ReadBytes(m_Fields.Color(from), length);
         const bool hasBase = from <= Field::BasePrice && Field::BasePrice <= to;
         m_nBasePrice = hasBase ? m_Fields.ReadLong(Field::BasePrice) : 0;
         return 1;
     }
 
     void EndUnpack() override {
-        memcpy(m_pOutput + sizeof(RequestTag), m_Fields.Tag(m_nFromField), static_cast<size_t>(m_nOutputLen));
+        memcpy(m_pOutput + sizeof(RequestTag), m_Fields.Color(m_nFromField),
+               static_cast<size_t>(m_nOutputLen));
         PostToView(nullptr, 0);
     }
 
@@ -67,7 +68,7 @@ private:
         m_Fields.WriteDouble(Field::Rate, rate, 2);
         m_Fields.WriteLong(Field::TradeCount, trade.TradeCount);
         for (const int number : {Field::Price, Field::Change, Field::Rate}) {
-            SignToColor(m_Fields.Tag(number), trade.Sign);
+            SignToColor(m_Fields.Color(number), trade.Sign);
         }
         m_Fields.WriteLong(Field::TotalVolume, trade.TotalVolume);
         m_Fields.WriteDouble(Field::TotalValue, static_cast<double>(trade.TotalValue) / 1000.0, 0);
@@ -121,7 +122,7 @@ private:
 
     void WriteAgainstBase(int number, int32_t price) {
         m_Fields.WriteLong(number, price);
-        ColorOf(Compare(price, m_nBasePrice), m_Fields.Tag(number));
+        ColorOf(Compare(price, m_nBasePrice), m_Fields.Color(number));
     }
 
     char m_Key[sizeof(StockKey)];

@@ -8,10 +8,10 @@
 
 namespace plain {
 
-// The direction of a sign char, +1, -1 or 0; writes its colour tag to `dst` unless that is null.
+// The direction of a sign char, +1, -1 or 0; writes its colour to `dst` unless that is null.
 int SignToColor(char* dst, char sign);
 
-// The colour tag of a direction.
+// The colour of a direction.
 void ColorOf(int direction, char* dst);
 
 // Numbers beyond 32 or 64 bits give the nearest end of the range.

@@ -28,9 +28,9 @@ public:
 
     // Of the last field's number and 1: where the record ends.
     int OffsetOf(int number) const { return m_Offsets[static_cast<size_t>(number)]; }
-    char* Tag(int number) { return m_Bytes.data() + OffsetOf(number); }
-    char* Value(int number) { return Tag(number) + (m_pTable[number].HasTag ? 2 : 0); }
-    int Width(int number) const { return m_pTable[number].Width - (m_pTable[number].HasTag ? 2 : 0); }
+    char* Color(int number) { return m_Bytes.data() + OffsetOf(number); }
+    char* Value(int number) { return Color(number) + (m_pTable[number].HasColor ? 2 : 0); }
+    int Width(int number) const { return m_pTable[number].Width - (m_pTable[number].HasColor ? 2 : 0); }
 
     int32_t ReadLong(int number) { return AsciiToLong(Value(number), Width(number)); }
     double ReadDouble(int number) { return AsciiToDouble(Value(number), Width(number)); }

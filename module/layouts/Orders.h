@@ -19,10 +19,10 @@ inline constexpr char kOtherBoard = '0';
 struct OrderRow {
     char Time[6];
     char DisplayText[12];
-    char Code[12];    // left-aligned
-    char SideTag[2];  // "2 " for side 1, "4 " for side 2, else blank
-    char SideFlag;    // kSide1Row, kSide2Row, else the side's char
-    char BoardFlag;   // kBoardTN, kOtherBoard
+    char Code[12];      // left-aligned
+    char SideColor[2];  // "2 " for side 1, "4 " for side 2, else blank
+    char SideFlag;      // kSide1Row, kSide2Row, else the side's char
+    char BoardFlag;     // kBoardTN, kOtherBoard
     char BoardName[5];
     char OrderPrice[15];  // nine digits as they came, left-aligned
     char OrderQty[15];
@@ -45,7 +45,7 @@ void Describe(const OrderRow& row, Visitor&& visit) {
     visit("Time", row.Time);
     visit("DisplayText", row.DisplayText);
     visit("Code", row.Code);
-    visit("SideTag", row.SideTag);
+    visit("SideColor", row.SideColor);
     visit("SideFlag", row.SideFlag);
     visit("BoardFlag", row.BoardFlag);
     visit("BoardName", row.BoardName);

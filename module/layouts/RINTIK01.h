@@ -28,12 +28,12 @@ void Describe(const IndexTickInit& init, Visitor&& visit) {
 struct IndexTickRow {
     char Time[6];
     char Reserved1[2];
-    char IndexTag[2];  // by the sign, as the next two
-    char Index[15];    // four decimals
+    char IndexColor[2];  // by the sign, as the next two
+    char Index[15];      // four decimals
     char Sign;
-    char ChangeTag[2];
+    char ChangeColor[2];
     char Change[15];  // four decimals
-    char RateTag[2];
+    char RateColor[2];
     char Rate[7];  // per cent, two decimals
     char Volume[15];
 };
@@ -44,12 +44,12 @@ template <class Visitor>
 void Describe(const IndexTickRow& row, Visitor&& visit) {
     visit("Time", row.Time);
     visit("Reserved1", row.Reserved1);
-    visit("IndexTag", row.IndexTag);
+    visit("IndexColor", row.IndexColor);
     visit("Index", row.Index);
     visit("Sign", row.Sign);
-    visit("ChangeTag", row.ChangeTag);
+    visit("ChangeColor", row.ChangeColor);
     visit("Change", row.Change);
-    visit("RateTag", row.RateTag);
+    visit("RateColor", row.RateColor);
     visit("Rate", row.Rate);
     visit("Volume", row.Volume);
 }

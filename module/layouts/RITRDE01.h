@@ -48,7 +48,7 @@ struct IndexField {
 
 // clang-format off
 inline constexpr PanelField kIndexPanel[] = {
-    // number, width, tag, content
+    // number, width, colour, content
     {IndexField::Index, 17, true, "Index"},
     {IndexField::Sign, 1, false, "Sign"},
     {IndexField::Change, 17, true, "Change"},

@@ -25,42 +25,42 @@ void Describe(const FillsInit& init, Visitor&& visit) {
 struct FillRow {
     char Time[6];
     char TradeRef[8];
-    char PriceTag[2];  // by the sign, as the next two
+    char PriceColor[2];  // by the sign, as the next two
     char Price[12];
     char Sign;
-    char ChangeTag[2];
+    char ChangeColor[2];
     char Change[12];
-    char RateTag[2];
+    char RateColor[2];
     char Rate[6];  // per cent, two decimals
     char Reserved1[2];
     char Volume[12];
-    char Broker1ClassTag[2];
+    char Broker1ClassColor[2];
     char Broker1Class;
     char Broker1[4];
-    char Broker2ClassTag[2];
+    char Broker2ClassColor[2];
     char Broker2Class;
     char Broker2[4];
 };
 static_assert(sizeof(FillRow) == 79 && alignof(FillRow) == 1);
-static_assert(offsetof(FillRow, Rate) == 45 && offsetof(FillRow, Broker1ClassTag) == 65);
+static_assert(offsetof(FillRow, Rate) == 45 && offsetof(FillRow, Broker1ClassColor) == 65);
 
 template <class Visitor>
 void Describe(const FillRow& row, Visitor&& visit) {
     visit("Time", row.Time);
     visit("TradeRef", row.TradeRef);
-    visit("PriceTag", row.PriceTag);
+    visit("PriceColor", row.PriceColor);
     visit("Price", row.Price);
     visit("Sign", row.Sign);
-    visit("ChangeTag", row.ChangeTag);
+    visit("ChangeColor", row.ChangeColor);
     visit("Change", row.Change);
-    visit("RateTag", row.RateTag);
+    visit("RateColor", row.RateColor);
     visit("Rate", row.Rate);
     visit("Reserved1", row.Reserved1);
     visit("Volume", row.Volume);
-    visit("Broker1ClassTag", row.Broker1ClassTag);
+    visit("Broker1ClassColor", row.Broker1ClassColor);
     visit("Broker1Class", row.Broker1Class);
     visit("Broker1", row.Broker1);
-    visit("Broker2ClassTag", row.Broker2ClassTag);
+    visit("Broker2ClassColor", row.Broker2ClassColor);
     visit("Broker2Class", row.Broker2Class);
     visit("Broker2", row.Broker2);
 }

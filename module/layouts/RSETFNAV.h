@@ -11,7 +11,7 @@
 
 struct NavInit {
     StockKey Key;
-    char BaseValue[17];  // what the colour tags compare with
+    char BaseValue[17];  // what the colours compare with
     char FirstValue[22];
     char SecondValue[22];
 };

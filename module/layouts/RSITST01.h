@@ -28,26 +28,26 @@ inline constexpr char kAlarmSilent = '3';  // the condition holds, the user want
 
 struct InterestRow {
     char Alarm;
-    char Code[10];     // of board 1; the row's key
-    char PriceTag[2];  // by the sign of the trade, as the next two
+    char Code[10];       // of board 1; the row's key
+    char PriceColor[2];  // by the sign of the trade, as the next two
     char Price[12];
     char Sign;
-    char ChangeTag[2];
+    char ChangeColor[2];
     char Change[9];
-    char RateTag[2];
-    char Rate[9];      // per cent, two decimals
-    char Best2Tag[2];  // against BasePrice, as all tags below
+    char RateColor[2];
+    char Rate[9];        // per cent, two decimals
+    char Best2Color[2];  // against BasePrice, as all colours below
     char Best2Price[15];
-    char Best1Tag[2];
+    char Best1Color[2];
     char Best1Price[15];
     char Side2Qty[15];
     char Side1Qty[15];
     char TotalVolume[15];
     char Reserved1[2];   // the inquiry's
     char BasePrice[15];  // the inquiry's
-    char HighTag[2];
+    char HighColor[2];
     char High[15];
-    char LowTag[2];
+    char LowColor[2];
     char Low[15];
 };
 static_assert(sizeof(InterestRow) == 178 && alignof(InterestRow) == 1);
@@ -58,25 +58,25 @@ template <class Visitor>
 void Describe(const InterestRow& row, Visitor&& visit) {
     visit("Alarm", row.Alarm);
     visit("Code", row.Code);
-    visit("PriceTag", row.PriceTag);
+    visit("PriceColor", row.PriceColor);
     visit("Price", row.Price);
     visit("Sign", row.Sign);
-    visit("ChangeTag", row.ChangeTag);
+    visit("ChangeColor", row.ChangeColor);
     visit("Change", row.Change);
-    visit("RateTag", row.RateTag);
+    visit("RateColor", row.RateColor);
     visit("Rate", row.Rate);
-    visit("Best2Tag", row.Best2Tag);
+    visit("Best2Color", row.Best2Color);
     visit("Best2Price", row.Best2Price);
-    visit("Best1Tag", row.Best1Tag);
+    visit("Best1Color", row.Best1Color);
     visit("Best1Price", row.Best1Price);
     visit("Side2Qty", row.Side2Qty);
     visit("Side1Qty", row.Side1Qty);
     visit("TotalVolume", row.TotalVolume);
     visit("Reserved1", row.Reserved1);
     visit("BasePrice", row.BasePrice);
-    visit("HighTag", row.HighTag);
+    visit("HighColor", row.HighColor);
     visit("High", row.High);
-    visit("LowTag", row.LowTag);
+    visit("LowColor", row.LowColor);
     visit("Low", row.Low);
 }
 

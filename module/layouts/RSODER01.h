@@ -22,35 +22,35 @@ void Describe(const BookInit& init, Visitor&& visit) {
     visit("Unused", init.Unused);
 }
 
-inline constexpr char kCurrentPrice = 'z';  // second byte of BookRowSide::PriceTag
+inline constexpr char kCurrentPrice = 'z';  // second byte of BookRowSide::PriceColor
 
 // One side of a level.
 struct BookRowSide {
-    char DiffTag[2];  // by the direction of the quantity's change, as DiffAmountTag
-    char DiffSign;    // '+', '-' or a space
-    char DiffAmountTag[2];
-    char Diff[10];   // magnitude
-    char QtyTag[2];  // the price tag once more, as RateTag
+    char DiffColor[2];  // by the direction of the quantity's change, as DiffAmountColor
+    char DiffSign;      // '+', '-' or a space
+    char DiffAmountColor[2];
+    char Diff[10];     // magnitude
+    char QtyColor[2];  // that of the price once more, as RateColor
     char Qty[15];
-    char RateTag[2];
-    char Rate[6];      // of the price against the base, per cent, two decimals
-    char PriceTag[2];  // against the base; the second byte may mark the current price
+    char RateColor[2];
+    char Rate[6];        // of the price against the base, per cent, two decimals
+    char PriceColor[2];  // against the base; the second byte may mark the current price
     char Price[12];
 };
 static_assert(sizeof(BookRowSide) == 54 && alignof(BookRowSide) == 1);
-static_assert(offsetof(BookRowSide, Qty) == 17 && offsetof(BookRowSide, PriceTag) == 40);
+static_assert(offsetof(BookRowSide, Qty) == 17 && offsetof(BookRowSide, PriceColor) == 40);
 
 template <class Visitor>
 void Describe(const BookRowSide& side, Visitor&& visit) {
-    visit("DiffTag", side.DiffTag);
+    visit("DiffColor", side.DiffColor);
     visit("DiffSign", side.DiffSign);
-    visit("DiffAmountTag", side.DiffAmountTag);
+    visit("DiffAmountColor", side.DiffAmountColor);
     visit("Diff", side.Diff);
-    visit("QtyTag", side.QtyTag);
+    visit("QtyColor", side.QtyColor);
     visit("Qty", side.Qty);
-    visit("RateTag", side.RateTag);
+    visit("RateColor", side.RateColor);
     visit("Rate", side.Rate);
-    visit("PriceTag", side.PriceTag);
+    visit("PriceColor", side.PriceColor);
     visit("Price", side.Price);
 }
 

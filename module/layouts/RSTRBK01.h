@@ -24,7 +24,7 @@ void Describe(const PriceTableInit& init, Visitor&& visit) {
 }
 
 struct PriceRow {
-    char ColorTag[2];  // by the sign of the trade that made the row
+    char Color[2];  // by the sign of the trade that made the row
     char Price[15];
     char Trades[15];
     char SumVolume[15];
@@ -34,7 +34,7 @@ static_assert(sizeof(PriceRow) == 62 && alignof(PriceRow) == 1);
 
 template <class Visitor>
 void Describe(const PriceRow& row, Visitor&& visit) {
-    visit("ColorTag", row.ColorTag);
+    visit("Color", row.Color);
     visit("Price", row.Price);
     visit("Trades", row.Trades);
     visit("SumVolume", row.SumVolume);

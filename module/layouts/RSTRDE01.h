@@ -55,7 +55,7 @@ struct StockField {
 
 // clang-format off
 inline constexpr PanelField kStockPanel[] = {
-    // number, width, tag, content
+    // number, width, colour, content
     {0, 4, false, "inquiry"},
     {1, 8, false, "inquiry"},
     {2, 1, false, "inquiry"},

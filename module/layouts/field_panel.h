@@ -1,7 +1,7 @@
 // Records of numbered text fields, of which a screen takes a range.
 //
-// A table tells the fields in order of their numbers; they lie one behind the other. A field with a tag
-// begins with the two characters of a colour tag, its value stands behind.
+// A table tells the fields in order of their numbers; they lie one behind the other. A field with a
+// colour begins with its two characters, its value stands behind.
 #ifndef TICKMUX_MODULE_LAYOUTS_FIELD_PANEL_H
 #define TICKMUX_MODULE_LAYOUTS_FIELD_PANEL_H
 
@@ -13,11 +13,11 @@
 struct PanelField {
     int Number;
     int Width;
-    bool HasTag;
+    bool HasColor;
     const char* Content;
 };
 
-inline constexpr int kTagWidth = 2;
+inline constexpr int kColorWidth = 2;
 
 // The sum of the widths of the fields from `from` to before `to`.
 constexpr int WidthOf(std::span<const PanelField> table, int from, int to) {

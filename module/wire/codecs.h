@@ -15,16 +15,16 @@
 
 #include "module/wire/digits.h"
 
-// ---- colour tags: the two characters beside a displayed number
+// ---- colours: the two characters beside a displayed number
 
-// The direction of a sign char: +1 for '1' to '4', -1 for '5' to '8', else 0. Writes its colour tag to `dst`
+// The direction of a sign char: +1 for '1' to '4', -1 for '5' to '8', else 0. Writes its colour to `dst`
 // unless that is null.
 inline int SignToColor(char* dst, char sign);
 
-// Writes the colour tag of a direction: above 0 "1 ", below 0 "4 ", 0 "5 ".
-inline void PutColor(char (&tag)[2], int direction) {
-    tag[0] = "451"[(direction > 0) - (direction < 0) + 1];
-    tag[1] = ' ';
+// Writes the colour of a direction: above 0 "1 ", below 0 "4 ", 0 "5 ".
+inline void PutColor(char (&color)[2], int direction) {
+    color[0] = "451"[(direction > 0) - (direction < 0) + 1];
+    color[1] = ' ';
 }
 
 int SignToColor(char* dst, char sign) {

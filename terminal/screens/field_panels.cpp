@@ -19,8 +19,8 @@ using PanelTable = std::span<const PanelField>;
 constexpr char kFirst[] = "FirstField";
 constexpr char kLast[] = "LastField";
 
-std::size_t TagOf(const PanelField& field) {
-    return field.HasTag ? kTagWidth : 0;
+std::size_t ColorWidthOf(const PanelField& field) {
+    return field.HasColor ? kColorWidth : 0;
 }
 
 std::size_t SizeOf(PanelTable table) {
@@ -29,18 +29,18 @@ std::size_t SizeOf(PanelTable table) {
 
 enum class Naming { Number, NumberAndContent };
 
-// The fields one behind the other, each tag apart from its value.
+// The fields one behind the other, each colour apart from its value.
 std::vector<Field> FieldsOf(PanelTable table, std::size_t offset, Naming naming) {
     std::vector<Field> fields;
     for (const PanelField& field : table) {
         const std::string name = "Field" + std::to_string(field.Number);
-        const std::size_t tag = TagOf(field);
+        const std::size_t color = ColorWidthOf(field);
         const auto width = static_cast<std::size_t>(field.Width);
-        if (tag != 0) {
-            fields.push_back({name + ".Tag", offset, tag});
+        if (color != 0) {
+            fields.push_back({name + ".Color", offset, color});
         }
         const std::string content = naming == Naming::Number ? "" : std::string(" ") + field.Content;
-        fields.push_back({name + content, offset + tag, width - tag});
+        fields.push_back({name + content, offset + color, width - color});
         offset += width;
     }
     return fields;
@@ -105,12 +105,12 @@ public:
         std::size_t width = 0;
         std::size_t at = sizeof(RequestTag);
         for (const PanelField& field : m_Range) {
-            const std::string_view tag = buffer.substr(at, TagOf(field));
+            const std::string_view color = buffer.substr(at, ColorWidthOf(field));
             const std::string_view whole = buffer.substr(at, static_cast<std::size_t>(field.Width));
-            const std::string value = ShownText(Trim(whole.substr(tag.size())));
+            const std::string value = ShownText(Trim(whole.substr(color.size())));
             const std::string content = field.Content;
             if (!value.empty() || !content.ends_with("inquiry")) {
-                lines.push_back({std::to_string(field.Number), Printable(Trim(tag)), content + ":", value});
+                lines.push_back({std::to_string(field.Number), Printable(Trim(color)), content + ":", value});
                 width = std::max(width, lines.back().Content.size());
             }
             at += whole.size();

@@ -76,7 +76,7 @@ void AddLevel(std::string& rungs, const char* name, const BookRowSide& side, std
     PutRight(rung.Level, std::to_string(number + 1));
     PutRight(rung.Price, Trimmed(side.Price));
     PutRight(rung.Rate, Trimmed(side.Rate));
-    PutLeft(rung.Mark, side.PriceTag[1] == kCurrentPrice ? "current" : "");
+    PutLeft(rung.Mark, side.PriceColor[1] == kCurrentPrice ? "current" : "");
     rungs.append(reinterpret_cast<const char*>(&rung), sizeof(rung));
 }
 

@@ -13,7 +13,7 @@ struct RSODER01 : Model {
         int32_t Qty = 0;
         double Rate = 0.0;
         int32_t Price = 0;
-        std::string QtyTag = "  ", RateTag = "  ", PriceTag = "  ";
+        std::string QtyColor = "  ", RateColor = "  ", PriceColor = "  ";
     };
     static constexpr std::size_t kTotals = 20;  // the first of the two
 
@@ -35,8 +35,8 @@ struct RSODER01 : Model {
                             half.substr(32, 2), half.substr(40, 2)});
         }
         for (std::size_t i = 0; i < Halves.size(); ++i) {
-            Halves[i].QtyTag = read[i].QtyTag, Halves[i].RateTag = read[i].RateTag,
-            Halves[i].PriceTag = read[i].PriceTag;
+            Halves[i].QtyColor = read[i].QtyColor, Halves[i].RateColor = read[i].RateColor,
+            Halves[i].PriceColor = read[i].PriceColor;
         }
         if (!fits || std::ssize(text) != 45 + bytes) {
             return false;
@@ -91,20 +91,20 @@ struct RSODER01 : Model {
         for (std::size_t i = 0; i < Halves.size(); ++i) {
             Half& half = Halves[i];
             if (BasePrice != -1) {
-                half.QtyTag = half.RateTag = half.PriceTag =
+                half.QtyColor = half.RateColor = half.PriceColor =
                     Color(static_cast<double>(half.Price) - BasePrice);
             }
             const bool marksOther = i % 2 == 1 && Halves[i - 1].Price == CurPrice;
             if (UseHogaRect && CurPrice > 0 && CurPrice == half.Price && !marksOther) {
-                half.PriceTag[1] = 'z';
+                half.PriceColor[1] = 'z';
             }
-            half.QtyTag = i < kTotals ? half.QtyTag : i == kTotals ? "4 " : "1 ";
+            half.QtyColor = i < kTotals ? half.QtyColor : i == kTotals ? "4 " : "1 ";
             body += Color(static_cast<double>(half.Diff)) +
                     (half.Diff > 0   ? "+"
                      : half.Diff < 0 ? "-"
                                      : " ") +
-                    Color(static_cast<double>(half.Diff)) + Printed(std::abs(half.Diff), 10) + half.QtyTag +
-                    Printed(half.Qty, 15) + half.RateTag + Printed(half.Rate, 6, 2) + half.PriceTag +
+                    Color(static_cast<double>(half.Diff)) + Printed(std::abs(half.Diff), 10) + half.QtyColor +
+                    Printed(half.Qty, 15) + half.RateColor + Printed(half.Rate, 6, 2) + half.PriceColor +
                     Printed(half.Price, 12);
         }
         Sent.push_back(Tag + body);

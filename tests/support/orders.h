@@ -73,7 +73,7 @@ public:
         Fill(m_Row.Time, "090000");
         Fill(m_Row.DisplayText, "Astra");
         Fill(m_Row.Code, "ASII");
-        Fill(m_Row.SideTag, "2");
+        Fill(m_Row.SideColor, "2");
         m_Row.SideFlag = '1';
         m_Row.BoardFlag = '0';
         Fill(m_Row.BoardName, "RG");
@@ -101,7 +101,7 @@ public:
     }
     ExpectedRow& Side(const std::string& tag, char flag) {
         m_Row.SideFlag = flag;
-        return Fill(m_Row.SideTag, tag), *this;
+        return Fill(m_Row.SideColor, tag), *this;
     }
     ExpectedRow& Channel(char mark) { return m_Row.ChannelMark = mark, *this; }
     operator std::string() const { return Text(m_Row); }  // NOLINT(google-explicit-constructor): its bytes

@@ -51,10 +51,10 @@ TEST_F(ScreensTest, PanelAndTableWithBars) {
                      "RSTRBK01_R 1ASII\n"
                      "RSTRDE01_R 1ASII FirstField=021 LastField=28 Field28=250 Field27=\"a \\b\"\n"),
               "RSTRBK01_R 1ASII: 2 messages, 8 rows\n"
-              "  ColorTag  Price  Trades  SumVolume  SumValue  Bar\n"
-              "  1          1010       1          1       101  #\n"
-              "  1          1005       1         11      1105  #####\n"
-              "  5          1000       2         40      4000  ####################\n"
+              "  Color  Price  Trades  SumVolume  SumValue  Bar\n"
+              "  1       1010       1          1       101  #\n"
+              "  1       1005       1         11      1105  #####\n"
+              "  5       1000       2         40      4000  ####################\n"
               "  1 row below\n\n"
               "RSTRDE01_R 1ASII: 2 messages, 0 rows\n  Tag: 01\n"
               "  21 1 book side 2, best price:         1005\n"
@@ -89,8 +89,8 @@ TEST_F(ScreensTest, LadderAlarmsAndGroups) {
                            "  Side2  total                  8      +8\n"
                            "  Side1  total                 50     +50\n\nRSITST01_R "))
         << images;
-    for (const char* part : {"\n          ELSE\n  silent  ASII  4           995  5  ", "\n  armed   ASII   ",
-                             "  Broker2\n  090000  00000001  ASII  4           995  5  "}) {
+    for (const char* part : {"\n          ELSE\n  silent  ASII  4             995  5  ", "\n  armed   ASII   ",
+                             "  Broker2\n  090000  00000001  ASII  4             995  5  "}) {
         EXPECT_NE(images.find(part), std::string::npos) << part << images;
     }
     EXPECT_NE(Summary.find("  request K11OI060, 52 bytes: \"   311ASII      "

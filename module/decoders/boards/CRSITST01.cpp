@@ -15,29 +15,29 @@ constexpr char kBoard = '1';  // the board shows no other
 
 // A price and its colour against the row's base.
 template <std::size_t N>
-void PutPrice(char (&tag)[2], char (&field)[N], int32_t base, int32_t price) {
-    PutColor(tag, DirectionFrom(base, price));
+void PutPrice(char (&color)[2], char (&field)[N], int32_t base, int32_t price) {
+    PutColor(color, DirectionFrom(base, price));
     Put(field, price);
 }
 
 void PutBest(InterestRow& row, int32_t base, int32_t best1, int32_t best2) {
-    PutPrice(row.Best2Tag, row.Best2Price, base, best2);
-    PutPrice(row.Best1Tag, row.Best1Price, base, best1);
+    PutPrice(row.Best2Color, row.Best2Price, base, best2);
+    PutPrice(row.Best1Color, row.Best1Price, base, best1);
 }
 
 void PutTrade(InterestRow& row, const TradePacket& trade) {
     const int32_t base = ToLong(row.BasePrice);
-    const int direction = SignToColor(row.PriceTag, trade.Sign);
+    const int direction = SignToColor(row.PriceColor, trade.Sign);
     Put(row.Price, trade.Price);
     row.Sign = trade.Sign;
-    PutColor(row.ChangeTag, direction);
+    PutColor(row.ChangeColor, direction);
     Put(row.Change, trade.Change);
-    PutColor(row.RateTag, direction);
+    PutColor(row.RateColor, direction);
     Put<2>(row.Rate, BiasedRate(static_cast<double>(trade.Price) - base, base, direction));
     PutBest(row, base, trade.Best1Price, trade.Best2Price);
     Put(row.TotalVolume, trade.TotalVolume);
-    PutPrice(row.HighTag, row.High, base, trade.High);
-    PutPrice(row.LowTag, row.Low, base, trade.Low);
+    PutPrice(row.HighColor, row.High, base, trade.High);
+    PutPrice(row.LowColor, row.Low, base, trade.Low);
 }
 
 // "ALARM  7-012": the group as the inquiry wrote it, rows counted from 1.

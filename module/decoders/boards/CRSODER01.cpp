@@ -14,9 +14,9 @@ namespace {
 
 void PutDiff(BookRowSide& shown, int64_t diff) {
     const int direction = DirectionFrom(int64_t{0}, diff);
-    PutColor(shown.DiffTag, direction);
+    PutColor(shown.DiffColor, direction);
     shown.DiffSign = direction > 0 ? '+' : direction < 0 ? '-' : ' ';
-    PutColor(shown.DiffAmountTag, direction);
+    PutColor(shown.DiffAmountColor, direction);
     Put(shown.Diff, diff * direction);
 }
 
@@ -112,17 +112,17 @@ void CRSODER01::OnEndUnpack() {
             continue;
         }
         if (m_nCurPrice == m_Side1.Levels[number].Price) {
-            row.Side1.PriceTag[1] = kCurrentPrice;
+            row.Side1.PriceColor[1] = kCurrentPrice;
         } else if (m_nCurPrice == m_Side2.Levels[number].Price) {
-            row.Side2.PriceTag[1] = kCurrentPrice;
+            row.Side2.PriceColor[1] = kCurrentPrice;
         }
     }
     m_bPrinted = true;
     Put(display.Front.Repeat.Count, static_cast<int32_t>(kBookRows));
     Put(display.Front.Repeat.Size, static_cast<int32_t>(sizeof(BookRow)));
     // The totals' quantities have a colour of their own.
-    PutColor(display.Rows[kBookTotals].Side1.QtyTag, -1);
-    PutColor(display.Rows[kBookTotals].Side2.QtyTag, 1);
+    PutColor(display.Rows[kBookTotals].Side1.QtyColor, -1);
+    PutColor(display.Rows[kBookTotals].Side2.QtyColor, 1);
     PostOutput();
 }
 
@@ -142,18 +142,18 @@ void CRSODER01::PutFigures(BookRowSide& shown, BookSide& side, std::size_t numbe
     if (!m_bPrinted || level.Diff != printed.Diff) {
         PutDiff(shown, level.Diff);
     }
-    // Without a base the tags stay as the inquiry gave them. Writing them wipes the former mark.
+    // Without a base the colours stay as the inquiry gave them. Writing them wipes the former mark.
     if (m_nBasePrice != kNone) {
-        PutPriceTags(shown, level.Price);
+        PutPriceColors(shown, level.Price);
     }
     printed = level;
 }
 
-void CRSODER01::PutPriceTags(BookRowSide& shown, int32_t price) const {
+void CRSODER01::PutPriceColors(BookRowSide& shown, int32_t price) const {
     const int direction = DirectionFrom(m_nBasePrice, price);
-    PutColor(shown.PriceTag, direction);
-    PutColor(shown.QtyTag, direction);
-    PutColor(shown.RateTag, direction);
+    PutColor(shown.PriceColor, direction);
+    PutColor(shown.QtyColor, direction);
+    PutColor(shown.RateColor, direction);
 }
 
 void CRSODER01::OnRelease() {

@@ -45,7 +45,7 @@ private:
     static void TakeTotal(SideLevel& totals, int32_t total);
 
     void PutFigures(BookRowSide& shown, BookSide& side, std::size_t number) const;
-    void PutPriceTags(BookRowSide& shown, int32_t price) const;
+    void PutPriceColors(BookRowSide& shown, int32_t price) const;
 
     FollowedCode<StockKey, kStockClass, kWantBook> m_Key{Filter()};
     int32_t m_bUseHogaRect;   // the user wants the current price marked

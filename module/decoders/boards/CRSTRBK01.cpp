@@ -91,7 +91,7 @@ CRSTRBK01::Entry* CRSTRBK01::InsertPrice(const TradePacket& trade) {
     PriceRow row;
     FillBlank(row);
     Put(row.Price, trade.Price);
-    SignToColor(row.ColorTag, trade.Sign);
+    SignToColor(row.Color, trade.Sign);
     if (InsertRow(place, row, trade.Price) == nullptr) {
         return nullptr;
     }

@@ -27,7 +27,7 @@ int CRINTIK01::OnIndexPacket(const IndexPacket& index) {
     if (row == nullptr) {
         return 0;
     }
-    const int direction = SignToColor(row->IndexTag, index.Sign);
+    const int direction = SignToColor(row->IndexColor, index.Sign);
     if (m_dBaseValue == 0.0) {
         m_dBaseValue = BaseOf(index.Index, direction, index.Change) / kIndexScale;
     }
@@ -36,9 +36,9 @@ int CRINTIK01::OnIndexPacket(const IndexPacket& index) {
     Put(row->Time, index.Time);
     Put<4>(row->Index, index.Index / kIndexScale);
     row->Sign = index.Sign;
-    PutColor(row->ChangeTag, direction);
+    PutColor(row->ChangeColor, direction);
     Put<4>(row->Change, change);
-    PutColor(row->RateTag, direction);
+    PutColor(row->RateColor, direction);
     Put<2>(row->Rate, BiasedRate(change, m_dBaseValue, direction));
     Put(row->Volume, index.Volume);
     return 1;

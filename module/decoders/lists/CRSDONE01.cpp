@@ -41,18 +41,18 @@ int CRSDONE01::OnTradePacket(const TradePacket& trade) {
     }
     Put(row->Time, trade.Time);
     Put(row->TradeRef, trade.TradeRef);
-    PutColor(row->PriceTag, direction);
+    PutColor(row->PriceColor, direction);
     Put(row->Price, trade.Price);
     row->Sign = trade.Sign;
-    PutColor(row->ChangeTag, direction);
+    PutColor(row->ChangeColor, direction);
     Put(row->Change, trade.Change);
-    PutColor(row->RateTag, direction);
+    PutColor(row->RateColor, direction);
     Put<2>(row->Rate, BiasedRate(static_cast<double>(trade.Price) - m_nBasePrice, m_nBasePrice, direction));
     Put(row->Volume, trade.Volume);
-    PutClassTag(row->Broker1ClassTag, trade.Broker1Class);
+    PutClassColor(row->Broker1ClassColor, trade.Broker1Class);
     row->Broker1Class = trade.Broker1Class;
     Put(row->Broker1, trade.Broker1);
-    PutClassTag(row->Broker2ClassTag, trade.Broker2Class);
+    PutClassColor(row->Broker2ClassColor, trade.Broker2Class);
     row->Broker2Class = trade.Broker2Class;
     Put(row->Broker2, trade.Broker2);
     return 1;

@@ -128,36 +128,36 @@ int CRSFLDN01::ShowTrade(const Packet& trade) {
     const std::string_view code = WithoutBlanksBehind({trade.Key.Code, sizeof(trade.Key.Code)});
     std::memcpy(row->Code, code.data(), code.size());
     std::memcpy(row->Code + code.size(), suffix, kSuffixWidth);
-    PutColor(row->PriceTag, direction);
+    PutColor(row->PriceColor, direction);
     Put(row->Price, trade.Price);
     row->Sign = trade.Sign;
-    PutColor(row->ChangeTag, direction);
+    PutColor(row->ChangeColor, direction);
     Put(row->Change, trade.Change);
-    PutColor(row->RateTag, direction);
+    PutColor(row->RateColor, direction);
     Put<2>(row->Rate, rate);
     Put(row->Volume, trade.Volume);
-    PutClassTag(row->Broker1ClassTag, trade.Broker1Class);
+    PutClassColor(row->Broker1ClassColor, trade.Broker1Class);
     row->Broker1Class = trade.Broker1Class;
-    PutBrokerTag(row->Broker1Tag, trade.Broker1);
+    PutBrokerColor(row->Broker1Color, trade.Broker1);
     PutRight(row->Broker1, trade.Broker1);
-    PutClassTag(row->Broker2ClassTag, trade.Broker2Class);
+    PutClassColor(row->Broker2ClassColor, trade.Broker2Class);
     row->Broker2Class = trade.Broker2Class;
-    PutBrokerTag(row->Broker2Tag, trade.Broker2);
+    PutBrokerColor(row->Broker2Color, trade.Broker2);
     PutRight(row->Broker2, trade.Broker2);
     return 1;
 }
 
-// By the broker's mark in the master data; one without leaves the tag as it is.
-void CRSFLDN01::PutBrokerTag(char (&tag)[2], const char (&broker)[4]) const {
+// By the broker's mark in the master data; one without leaves the colour as it is.
+void CRSFLDN01::PutBrokerColor(char (&color)[2], const char (&broker)[4]) const {
     switch (m_Brokers.Of(broker)) {
         case '0':
-            tag[0] = '0';  // a colour that no other tag has
+            color[0] = '0';  // as nothing else has it
             break;
         case '1':
-            PutColor(tag, -1);
+            PutColor(color, -1);
             break;
         case '2':
-            PutColor(tag, 1);
+            PutColor(color, 1);
             break;
         default:
             break;

@@ -34,7 +34,7 @@ private:
     int ShowTrade(const Packet& trade);
 
     bool BuildWatchSet(WatchSet& watched) const;
-    void PutBrokerTag(char (&tag)[2], const char (&broker)[4]) const;
+    void PutBrokerColor(char (&color)[2], const char (&broker)[4]) const;
 
     MonitorFeed m_Feed;
     WatchSet m_WatchSet;

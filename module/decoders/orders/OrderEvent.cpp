@@ -85,14 +85,14 @@ void PutText(char (&dst)[N], const char (&src)[M]) {
     std::copy(src, std::find(src, src + M, '\0'), dst);
 }
 
-// The sides' tags are colours of their own: side 1 is '2', not the '1' of a rise.
+// The sides have colours of their own: side 1 is '2', not the '1' of a rise.
 void PutSide(OrderRow& row, char side) {
     row.SideFlag = side;
     if (side == kSide1) {
-        row.SideTag[0] = '2';
+        row.SideColor[0] = '2';
         row.SideFlag = kSide1Row;
     } else if (side == kSide2) {
-        row.SideTag[0] = '4';
+        row.SideColor[0] = '4';
         row.SideFlag = kSide2Row;
     }
 }

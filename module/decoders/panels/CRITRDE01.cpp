@@ -35,9 +35,9 @@ int CRITRDE01::OnIndexPacket(const IndexPacket& index) {
     Value<Field::Sign>()[0] = index.Sign;
     Put<4>(Value<Field::Change>(), change);
     Put<2>(Value<Field::Rate>(), BiasedRate(change, m_dBaseValue, direction));
-    PutColor(Tag<Field::Index>(), direction);
-    PutColor(Tag<Field::Change>(), direction);
-    PutColor(Tag<Field::Rate>(), direction);
+    PutColor(Color<Field::Index>(), direction);
+    PutColor(Color<Field::Change>(), direction);
+    PutColor(Color<Field::Rate>(), direction);
 
     Put(Value<Field::TotalVolume>(), index.TotalVolume);
     Put(Value<Field::TotalValue>(), index.TotalValue);
@@ -56,5 +56,5 @@ int CRITRDE01::OnIndexPacket(const IndexPacket& index) {
 template <int Number>
 void CRITRDE01::PutAgainstBase(double value) {
     Put<4>(Value<Number>(), value);
-    TagAgainst<Number>(m_dBaseValue, value);
+    ColorAgainst<Number>(m_dBaseValue, value);
 }

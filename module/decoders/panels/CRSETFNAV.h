@@ -1,4 +1,4 @@
-// Fund values: three values of one fund, each with a colour tag against a base value.
+// Fund values: three values of one fund, each with a colour against a base value.
 //
 // Takes N packets of the fund; sends the whole screen image once per batch that changed it.
 #ifndef TICKMUX_MODULE_DECODERS_PANELS_CRSETFNAV_H

@@ -56,9 +56,9 @@ void CRSTRDE01::PutPrices(const TradePacket& trade, int direction) {
     Put<2>(Value<Field::Rate>(),
            BiasedRate(static_cast<double>(trade.Price) - m_nBasePrice, m_nBasePrice, direction));
     Put(Value<Field::TradeCount>(), trade.TradeCount);
-    PutColor(Tag<Field::Price>(), direction);
-    PutColor(Tag<Field::Change>(), direction);
-    PutColor(Tag<Field::Rate>(), direction);
+    PutColor(Color<Field::Price>(), direction);
+    PutColor(Color<Field::Change>(), direction);
+    PutColor(Color<Field::Rate>(), direction);
 
     Put(Value<Field::TotalVolume>(), trade.TotalVolume);
     Put<0>(Value<Field::TotalValue>(), static_cast<double>(trade.TotalValue) / 1000.0);
@@ -66,9 +66,9 @@ void CRSTRDE01::PutPrices(const TradePacket& trade, int direction) {
     Put(Value<Field::Open>(), trade.Open);
     Put(Value<Field::High>(), trade.High);
     Put(Value<Field::Low>(), trade.Low);
-    TagAgainst<Field::Open, int32_t>(m_nBasePrice, trade.Open);
-    TagAgainst<Field::High, int32_t>(m_nBasePrice, trade.High);
-    TagAgainst<Field::Low, int32_t>(m_nBasePrice, trade.Low);
+    ColorAgainst<Field::Open, int32_t>(m_nBasePrice, trade.Open);
+    ColorAgainst<Field::High, int32_t>(m_nBasePrice, trade.High);
+    ColorAgainst<Field::Low, int32_t>(m_nBasePrice, trade.Low);
 
     const double shares = static_cast<double>(trade.LotSize) * static_cast<double>(trade.TotalVolume);
     if (shares == 0.0) {
@@ -82,8 +82,8 @@ void CRSTRDE01::PutPrices(const TradePacket& trade, int direction) {
 void CRSTRDE01::PutBest(int32_t best1, int32_t best2) {
     Put(Value<Field::Best1Price>(), best1);
     Put(Value<Field::Best2Price>(), best2);
-    TagAgainst<Field::Best1Price>(m_nBasePrice, best1);
-    TagAgainst<Field::Best2Price>(m_nBasePrice, best2);
+    ColorAgainst<Field::Best1Price>(m_nBasePrice, best1);
+    ColorAgainst<Field::Best2Price>(m_nBasePrice, best2);
 }
 
 template <int Quantity, int Money, int Count>

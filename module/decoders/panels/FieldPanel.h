@@ -31,13 +31,13 @@ protected:
         return m_Fields.template Value<Number>();
     }
     template <int Number>
-    auto& Tag() {
-        return m_Fields.template Tag<Number>();
+    auto& Color() {
+        return m_Fields.template Color<Number>();
     }
-    // The tag of a value by how it lies to the base.
+    // The colour of a value by how it lies to the base.
     template <int Number, class Figure>
-    void TagAgainst(Figure base, Figure value) {
-        PutColor(Tag<Number>(), DirectionFrom(base, value));
+    void ColorAgainst(Figure base, Figure value) {
+        PutColor(Color<Number>(), DirectionFrom(base, value));
     }
 
 private:

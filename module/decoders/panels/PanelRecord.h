@@ -26,17 +26,17 @@ public:
     PanelRecord() { Clear(); }
     void Clear() { FillBlank(m_Bytes); }
 
-    // A field's value, without its tag, as the array that it is.
+    // A field's value, without its colour, as the array that it is.
     template <int Number>
     auto& Value() {
-        constexpr int kTag = Table[Number].HasTag ? kTagWidth : 0;
-        using Array = char[static_cast<std::size_t>(Table[Number].Width - kTag)];
-        return *reinterpret_cast<Array*>(m_Bytes + WidthOf(Table, 0, Number) + kTag);
+        constexpr int kColor = Table[Number].HasColor ? kColorWidth : 0;
+        using Array = char[static_cast<std::size_t>(Table[Number].Width - kColor)];
+        return *reinterpret_cast<Array*>(m_Bytes + WidthOf(Table, 0, Number) + kColor);
     }
     template <int Number>
-    char (&Tag())[kTagWidth] {
-        static_assert(Table[Number].HasTag);
-        return *reinterpret_cast<char(*)[kTagWidth]>(m_Bytes + WidthOf(Table, 0, Number));
+    char (&Color())[kColorWidth] {
+        static_assert(Table[Number].HasColor);
+        return *reinterpret_cast<char(*)[kColorWidth]>(m_Bytes + WidthOf(Table, 0, Number));
     }
 
     char* At(const FieldRange& range) { return m_Bytes + WidthOf(Table, 0, range.First); }
