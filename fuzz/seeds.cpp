@@ -1,4 +1,5 @@
-// Writes the corpus's first inputs: the samples, and a short session of the feed generator.
+// Writes first inputs of all targets into a folder, which is emptied before: the samples, and a short session
+// of the feed generator.
 //
 //     fuzz_seeds FOLDER terminal/samples
 #include <cstdio>
@@ -119,6 +120,7 @@ int main(int argc, char** argv) {
         std::fputs("usage: fuzz_seeds FOLDER terminal/samples\n", stderr);
         return 2;
     }
+    fs::remove_all(argv[1]);
     WriteInits(argv[1]);
     WritePackets(argv[1]);
     WriteCalls(argv[1]);
