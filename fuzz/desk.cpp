@@ -31,6 +31,11 @@ Desk& Desk::Get() {
 Desk::Desk() {
     // A message that is not as it must be ends the run.
     GTEST_FLAG_SET(break_on_failure, true);
+    OnCall = [this] {
+        if (const auto action = std::exchange(m_OnMessage, nullptr)) {
+            action();
+        }
+    };
     constexpr tickhost_time kNow{2026, 11, 20, 9, 0, 0, 0};
     tickhost_set_local_time(&kNow);
     tickhost_set_system_time(&kNow);
@@ -62,12 +67,6 @@ void Desk::Batch(const std::vector<std::string>& packets) {
     }
     EndBatch();
     tickhost_pump_messages();
-}
-
-void Desk::OnCall() {
-    if (const auto action = std::exchange(m_OnMessage, nullptr)) {
-        action();
-    }
 }
 
 std::string Desk::Addressed(std::string packet) const {

@@ -24,7 +24,6 @@ public:
 
     // Runs once, within the next message to a window or the manager.
     void OnNextMessage(std::function<void()> action) { m_OnMessage = std::move(action); }
-    void OnCall() override;
 
     SampleWorld& World() { return m_World; }
 

@@ -2,11 +2,6 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <optional>
-#include <set>
-
-#include "module/wire/shapes.h"
 #include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
 
@@ -33,10 +28,8 @@ Buffers Shown(BareScreen& screen) {
 
 Buffers ShownByANewOne(BareHost& host, const Sample& sample) {
     BareScreen screen(host, sample);
-    EXPECT_EQ(screen.Regist(), 1);
-    Buffers shown = Shown(screen);
-    screen.Unregist();
-    return shown;
+    EXPECT_TRUE(screen.Regist());
+    return Shown(screen);
 }
 
 // An Init that is refused has asked for nothing.
@@ -55,7 +48,7 @@ bool Live(BareHost& host, const Sample& sample, int64_t n, Failure failure, cons
     BareScreen screen(host, sample);
     const Failing failing(n, failure);
     int refused = 0;
-    if (screen.Regist() == 1) {
+    if (screen.Regist()) {
         refused |= 1 - Tried(host, [&] { return screen.InitFirst(); });
         screen.Feed();
         screen.Feed();
@@ -74,20 +67,20 @@ bool Live(BareHost& host, const Sample& sample, int64_t n, Failure failure, cons
         BareScreen::EndBatch();
         BareScreen::EndBatch();
         StopView();
-        StopMap(screen.Handle);
+        screen.Stop();
         {
             const Spared spared;
             host.World.WatchGroups();
             EXPECT_EQ(Shown(screen), expected) << "a fresh inquiry";
         }
-        ReleaseMap(screen.Handle);
-        screen.Unregist();
+        screen.Release();
+        screen.Unregister();
     }
     const Spared spared;
     if (refused == 0 || !ForgetsTheFormer(sample)) {
-        EXPECT_TRUE(host.Open.empty()) << host.Open.begin()->first;
+        EXPECT_TRUE(host.Subscribed.empty()) << host.Subscribed.begin()->first;
     }
-    host.Open.clear();
+    host.Subscribed.clear();
     return Failing::Hit();
 }
 

@@ -1,68 +1,72 @@
-// A host that does little itself, so that what is measured is the module: screens that fetch, and a
-// communication manager that keeps accounts of what is asked for.
+// A host that does little itself, so that what is measured is the module: it counts what happens instead of
+// writing it down, and nothing that it allocates when it is called counts or fails.
 #ifndef TICKMUX_TESTS_RELIABILITY_BARE_HOST_H
 #define TICKMUX_TESTS_RELIABILITY_BARE_HOST_H
 
-#include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
-#include "host/tickhost.h"
-#include "module/framework/tickmux.h"
+#include "tests/reliability/allocations.h"
 #include "tests/support/samples.h"
+#include "tests/support/terminal.h"
 
 using Buffers = std::vector<std::string>;
 
-class BareHost {
+class BareHost : public Terminal {
 public:
-    BareHost();
-    ~BareHost();
-    BareHost(const BareHost&) = delete;
-    BareHost& operator=(const BareHost&) = delete;
+    BareHost() {
+        tickhost_set_function_sink(nullptr, nullptr);
+        tickhost_set_tick_count(1, 0);
+    }
+    void OnMessage(uint32_t message, uintptr_t wParam, intptr_t lParam) override {
+        const heap::Spared spared;
+        Terminal::OnMessage(message, wParam, lParam);
+    }
+    void Happened(const std::string& event) override {
+        nItems += event == "view" ? 1 : 0;
+        nRequests += event.starts_with("add") || event.starts_with("delete") ? 1 : 0;
+    }
 
-    // How often each code and packet type is asked for more than it is given up; entries of none are gone.
-    std::map<std::string, int> Open;
+    int nItems = 0;  // of which windows were told
     int nRequests = 0;
     SampleWorld World;
-    // At each request and each message of a screen.
-    std::function<void()> OnCall = [] {};
-
-private:
-    static intptr_t Procedure(void* context, HWND window, uint32_t message, uintptr_t wParam,
-                              intptr_t lParam);
 };
 
-// One map and its window. It takes part in nothing else's life: nothing is unregistered at its end.
-class BareScreen {
+// One map and its window, which keeps what it fetches.
+class BareScreen : public Screen {
 public:
-    BareScreen(BareHost& host, const Sample& sample);
-    ~BareScreen();
-    BareScreen(const BareScreen&) = delete;
-    BareScreen& operator=(const BareScreen&) = delete;
+    BareScreen(BareHost& host, const Sample& sample)
+        : Screen(host, TagBytesOf(sample.Map)), m_Sample(sample) {
+        OnBuffer([this](std::string_view buffer) { Keeps ? Received.emplace_back(buffer), void() : void(); });
+    }
+    void OnMessage(uint32_t message, uintptr_t wParam, intptr_t lParam) override {
+        const heap::Spared spared;
+        Screen::OnMessage(message, wParam, lParam);
+    }
 
-    int Regist();
-    int Init(const std::string& text) const;
+    bool Regist() { return Screen::Regist(m_Sample.Map); }
+    // The text as it is, without a block of its own.
+    int Init(const std::string& text) const { return ModuleForm::Init(Handle(), text); }
     int InitFirst() const { return Init(m_Sample.First); }
     int InitSecond() const { return Init(m_Sample.Second); }
-    int Start() { return InitFirst(); }
-    void Feed() const;
-    static void EndBatch();
-    int Unregist();
-    void CloseWindow() const { tickhost_destroy_window(m_hWnd); }
+    bool Start() { return Regist() && InitFirst() == 1; }
+    void Feed() const {
+        for (const std::string& packet : m_Sample.Packets) {
+            ModuleForm::Put(packet);
+        }
+    }
+    // The clock goes on, so that no chart holds its row back.
+    static void EndBatch() {
+        static uint32_t s_nNow = 0;
+        tickhost_set_tick_count(1, s_nNow += 1000);
+        ModuleForm::EndBatch();
+    }
 
-    tickmux_handle Handle = 0;
-    bool Fetches = true;
-    bool Keeps = true;  // what it fetches
+    bool Keeps = true;
     Buffers Received;
 
 private:
-    static intptr_t Procedure(void* context, HWND window, uint32_t message, uintptr_t wParam,
-                              intptr_t lParam);
-
-    BareHost& m_Host;
     const Sample& m_Sample;
-    HWND m_hWnd;
 };
 
 #endif

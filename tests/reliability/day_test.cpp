@@ -34,13 +34,9 @@ Screens FourOfEachMap(BareHost& host) {
 
 void End(const Screens& screens) {
     for (const auto& screen : screens) {
-        screen->Unregist();
+        screen->Unregister();
     }
     tickhost_pump_messages();
-}
-
-void Feed(const std::string& packet) {
-    PutRTMPacketToDecoder(const_cast<char*>(packet.data()), static_cast<int>(packet.size()));
 }
 
 // Seven digits from 0000001 on; 0000000 would be the parent of every order.
@@ -53,7 +49,7 @@ void FeedAll(int packets) {
     constexpr int kBatch = 8;
     const Buffers& all = SamplePackets();
     for (int i = 0; i < packets; ++i) {
-        Feed(all[static_cast<std::size_t>(i) % all.size()]);
+        ModuleForm::Put(all[static_cast<std::size_t>(i) % all.size()]);
         if (i % kBatch == 0) {
             BareScreen::EndBatch();
             tickhost_pump_messages();
@@ -78,7 +74,7 @@ TEST(LongDay, TheHeapIsAtTheLastHourAsAtTheSecond) {
         for (const bool asking : {true, false}) {
             for (std::size_t i = 0; i < screens.size() && !asking; ++i) {
                 // It has a row for each sending, and grows.
-                Samples()[i / kCopies].Map == "RSORDE22_R" ? StopMap(screens[i]->Handle) : 0;
+                Samples()[i / kCopies].Map == "RSORDE22_R" ? screens[i]->Stop() : 0;
             }
             heap::Use second{};
             for (int turn = 1; turn <= kHours * kInquiries; ++turn) {
@@ -94,7 +90,7 @@ TEST(LongDay, TheHeapIsAtTheLastHourAsAtTheSecond) {
             EXPECT_EQ(heap::InUse().Bytes, second.Bytes) << "asking " << asking;
         }
         End(screens);
-        EXPECT_TRUE(host.Open.empty());
+        EXPECT_TRUE(host.Subscribed.empty());
     }
     EXPECT_LE(heap::InUse().Blocks - blocksBefore, 40) << "what the host itself keeps";
 }
@@ -123,13 +119,13 @@ TEST(LongDay, ListsThatGrowTakeWhatTheirRowsTake) {
         screen.InitFirst();
         const int64_t before = heap::InUse().Bytes;
         for (int number = 0; number < kRows; ++number) {
-            Feed(list.Packet(number));
+            ModuleForm::Put(list.Packet(number));
         }
         tickhost_pump_messages();
         const auto grown = static_cast<std::size_t>(heap::InUse().Bytes - before) / kRows;
         EXPECT_GE(grown, list.RowBytes / 2) << list.Map;
         EXPECT_LE(grown, list.RowBytes * 2) << list.Map;
-        screen.Unregist();
+        screen.Unregister();
     }
 }
 
@@ -140,14 +136,14 @@ TEST(LongDay, AWindowThatNeverFetchesCostsMemoryAlone) {
     const Sample& sample = SampleOf("RSTICK11_R");
     BareScreen silent(host, sample);
     BareScreen fetching(host, sample);
-    silent.Fetches = false;
+    silent.StopFetching();
     for (BareScreen* screen : {&silent, &fetching}) {
         screen->Regist();
         screen->InitFirst();
     }
     const std::string packet = Trade("1ASII").Bytes();
     const auto batch = [&packet] {
-        Feed(packet);
+        ModuleForm::Put(packet);
         BareScreen::EndBatch();
     };
     batch();
@@ -166,10 +162,10 @@ TEST(LongDay, AWindowThatNeverFetchesCostsMemoryAlone) {
     fetching.Received.clear();
     batch();
     EXPECT_EQ(fetching.Received, first);
-    StopMap(silent.Handle);
+    silent.Stop();
     EXPECT_LE(heap::InUse().Blocks - before.Blocks, batches / 10 + 10) << "only the queue's room stays";
-    silent.Unregist();
-    fetching.Unregist();
+    silent.Unregister();
+    fetching.Unregister();
     EXPECT_LE(heap::InUse().Bytes, before.Bytes);
 }
 

@@ -129,15 +129,14 @@ TEST(MapGuard, RequestsGoOutUnderItAndPacketsRunWithoutAnyGuard) {
     for (const Sample& sample : Samples()) {
         BareScreen screen(host, sample);
         held = {name};
-        screen.Regist();
-        screen.InitFirst();
-        ReleaseMap(screen.Handle);
+        screen.Start();
+        screen.Release();
         screen.InitSecond();
         held.clear();
         screen.Feed();
         BareScreen::EndBatch();
         held = {name};
-        screen.Unregist();
+        screen.Unregister();
     }
     t_pWatch = nullptr;
     name.clear();
@@ -165,7 +164,7 @@ TEST(MapGuard, AWaiterGoesOnWhenTheHolderIsKilled) {
                 holder.Kill();
             }));
     }
-    screen.Unregist();
+    screen.Unregister();
     EXPECT_FALSE(InSystem(name));
     name.clear();
     SetMutexNameToDecoder(name.data());

@@ -61,8 +61,7 @@ void EndBatches(const BareScreen& screen) {
 enum class During { Packets, BatchEnd };
 Buffers Received(BareHost& host, const Sample& sample, During phase, int64_t n, bool& hit) {
     BareScreen screen(host, sample);
-    screen.Regist();
-    screen.InitFirst();
+    screen.Start();
     {
         const heap::Failing failing(phase == During::Packets ? n : 0);
         FeedRounds(screen);
@@ -74,7 +73,6 @@ Buffers Received(BareHost& host, const Sample& sample, During phase, int64_t n, 
         hit = hit || heap::Failing::Hit();
     }
     EndBatches(screen);
-    screen.Unregist();
     return screen.Received;
 }
 
@@ -120,15 +118,13 @@ TEST(LostRows, ABarWithoutMemoryIsMergedAndLeavesItsBucketOpen) {
     const Rows bars = {Bar("1ASII", "090300").Volume(7).Bytes(), Bar("1ASII", "090400").Volume(9).Bytes()};
     const Sample chart = {"RSCAND11_R", "D", CandleInquiry("1ASII", 'E').Row(row), "", bars};
     BareScreen screen(host, chart);
-    screen.Regist();
-    screen.InitFirst();
+    screen.Start();
     {
         const heap::Failing failing(1);
         screen.Feed();
     }
     ASSERT_EQ(screen.Received.size(), 1U) << "the first is lost";
     EXPECT_EQ(screen.Received[0].substr(3, 1) + screen.Received[0].substr(158, 10), "1        56");
-    screen.Unregist();
 }
 
 }  // namespace

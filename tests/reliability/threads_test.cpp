@@ -6,29 +6,13 @@
 #include <string>
 #include <thread>
 
+#include "module/framework/guard.h"
 #include "module/layouts/RSTICK11.h"
 #include "tests/reliability/bare_host.h"
 #include "tests/reliability/long_form.h"
 #include "tests/support/inquiries.h"
 
 namespace {
-
-// The map guard, as a host holds it around its batches and its screens' lives.
-class HostsGuard {
-public:
-    explicit HostsGuard(const std::string& name) : m_hMutex(CreateMutexA(nullptr, FALSE, name.c_str())) {
-        WaitForSingleObject(m_hMutex, INFINITE);
-    }
-    ~HostsGuard() {
-        ReleaseMutex(m_hMutex);
-        CloseHandle(m_hMutex);
-    }
-    HostsGuard(const HostsGuard&) = delete;
-    HostsGuard& operator=(const HostsGuard&) = delete;
-
-private:
-    HANDLE m_hMutex;
-};
 
 class Threads : public testing::Test {
 protected:
@@ -37,40 +21,26 @@ protected:
         m_Name.clear();
         SetMutexNameToDecoder(m_Name.data());
     }
-    HostsGuard Guard() const { return HostsGuard(m_Name); }
+    // As a host holds it around its batches and its screens' lives.
+    MutexGuard Guard() const { return MutexGuard(m_Name.c_str()); }
 
     std::string m_Name = "tickmux-" + std::to_string(getpid());
     BareHost m_Host;  // requests come to the thread that opens screens, which is this one
 };
 
-// A tick list whose window belongs to the thread that fetches.
-class Fetcher {
-public:
-    Fetcher() : m_hWnd(tickhost_create_window(&Procedure, this)) {}
-
-    HWND Window() const { return m_hWnd; }
-    int Fetched() const { return m_nNext; }
-    bool InOrder() const { return m_bInOrder; }
-
-private:
-    static intptr_t Procedure(void* context, HWND /*window*/, uint32_t /*message*/, uintptr_t wParam,
-                              intptr_t /*lParam*/) {
-        auto& fetcher = *static_cast<Fetcher*>(context);
-        char* data = nullptr;
-        int length = 0;
-        if (tickhost_take_view_item(reinterpret_cast<void*>(wParam), &data, &length) != 0) {
-            const auto& row = *reinterpret_cast<const TickRow*>(data + sizeof(HeadedRows));
-            const std::string price(row.Price, sizeof(row.Price));
-            fetcher.m_bInOrder = fetcher.m_bInOrder && std::stoi(price) == fetcher.m_nNext++ &&
-                                 length + 2 == sizeof(HeadedRows) + sizeof(TickRow);
-            tickhost_free_view_data(data);
-        }
-        return 0;
+// A tick list whose window belongs to the thread that fetches: each trade is one row, its price the number.
+struct Fetcher {
+    void OnMessage(uint32_t /*message*/, uintptr_t queue, intptr_t /*lParam*/) {
+        Fetch(queue, sizeof(RequestTag), [this](std::string_view buffer) {
+            const auto& row = *reinterpret_cast<const TickRow*>(buffer.data() + sizeof(HeadedRows));
+            InOrder = InOrder && buffer.size() == sizeof(HeadedRows) + sizeof(TickRow) &&
+                      std::stoi(Text(row.Price)) == Fetched++;
+        });
     }
 
-    HWND m_hWnd;
-    int m_nNext = 0;
-    bool m_bInOrder = true;
+    HWND Window = WindowOf(*this);
+    int Fetched = 0;
+    bool InOrder = true;
 };
 
 TEST_F(Threads, EveryItemIsFetchedOnceAndInOrderWhileScreensComeAndGo) {
@@ -81,34 +51,37 @@ TEST_F(Threads, EveryItemIsFetchedOnceAndInOrderWhileScreensComeAndGo) {
     std::atomic<bool> fed = false;
     std::thread fetching([&] {
         Fetcher fetcher;
-        window = fetcher.Window();
-        while (fetcher.Fetched() < items && fetcher.InOrder() && !(fed && tickhost_pump_messages() == 0)) {
+        window = fetcher.Window;
+        while (fetcher.Fetched < items && fetcher.InOrder && !(fed && tickhost_pump_messages() == 0)) {
             if (tickhost_pump_messages() == 0) {
                 std::this_thread::yield();
             }
         }
-        wholeOrder = fetcher.InOrder() && fetcher.Fetched() == items;
+        wholeOrder = fetcher.InOrder && fetcher.Fetched == items;
     });
     while (window == nullptr) {
         std::this_thread::yield();
     }
     const tickmux_handle handle = RegistMap(window, "RSTICK11_R");
-    std::string inquiry = TickInquiry("1ASII");
-    InitMap(handle, inquiry.data());
+    ModuleForm::Init(handle, TickInquiry("1ASII"));
     std::thread feeding([&] {
         for (int number = 0; number < items; ++number) {
-            std::string packet = Trade("1ASII").Price(number).Bytes();
-            const HostsGuard guard = Guard();
-            PutRTMPacketToDecoder(packet.data(), static_cast<int>(packet.size()));
-            EndRTMUnpackToDecoder();
+            const std::string packet = Trade("1ASII").Price(number).Bytes();
+            const MutexGuard guard = Guard();
+            ModuleForm::Put(packet);
+            ModuleForm::EndBatch();
         }
         fed = true;
     });
     for (std::size_t turn = 0; !fed; ++turn) {
         BareScreen screen(m_Host, Samples()[turn % Samples().size()]);
-        for (const auto call : {&BareScreen::Regist, &BareScreen::Start, &BareScreen::Unregist}) {
-            const HostsGuard guard = Guard();
-            (screen.*call)();
+        {
+            const MutexGuard guard = Guard();
+            screen.Start();
+        }
+        {
+            const MutexGuard guard = Guard();
+            screen.Unregister();
         }
         tickhost_pump_messages();
     }
@@ -117,7 +90,7 @@ TEST_F(Threads, EveryItemIsFetchedOnceAndInOrderWhileScreensComeAndGo) {
     UnregistMap(handle);
     CloseHandle(kept);
     EXPECT_TRUE(wholeOrder);
-    EXPECT_TRUE(m_Host.Open.empty());
+    EXPECT_TRUE(m_Host.Subscribed.empty());
 }
 
 // Where no packets run, the module's own holds are enough. The screens ask nobody for anything.
@@ -125,9 +98,7 @@ TEST_F(Threads, TwoMayOpenAndCloseScreensAtOnce) {
     const auto work = [&] {
         for (int turn = 0; turn < 1000; ++turn) {
             BareScreen screen(m_Host, SampleOf("RSNOCH21_R"));
-            screen.Regist();
-            EXPECT_EQ(screen.InitFirst(), 1);
-            screen.Unregist();
+            EXPECT_TRUE(screen.Start());
         }
     };
     std::thread other(work);
@@ -138,8 +109,7 @@ TEST_F(Threads, TwoMayOpenAndCloseScreensAtOnce) {
 // Only run by name, under the thread sanitizer, which has to report it.
 TEST_F(Threads, DISABLED_WithoutTheGuardTheyRace) {
     BareScreen screen(m_Host, SampleOf("RSTICK11_R"));
-    screen.Regist();
-    screen.InitFirst();
+    screen.Start();
     std::thread feeding([&] {
         for (int round = 0; round < 100; ++round) {
             screen.Feed();
@@ -149,7 +119,6 @@ TEST_F(Threads, DISABLED_WithoutTheGuardTheyRace) {
         screen.InitFirst();
     }
     feeding.join();
-    screen.Unregist();
 }
 
 }  // namespace

@@ -36,10 +36,9 @@ struct Pair {
         }
     }
     void End() {
-        ReleaseMap(Other.Handle);
+        Other.Release();
         for (BareScreen* screen : {&Disturbed, &Other, &Third}) {
-            UnregistMap(screen->Handle);
-            screen->Handle = 0;
+            screen->Unregister();
         }
     }
 
@@ -53,6 +52,7 @@ Buffers Undisturbed(BareHost& host, const Sample& sample) {
     pair.Inquire();
     pair.Batches();
     pair.End();
+    EXPECT_EQ(pair.Other.Received.empty(), sample.Packets.empty()) << sample.Map;
     return pair.Other.Received;
 }
 
@@ -63,7 +63,7 @@ void ExpectBothRecovered(Pair& pair, const std::string& what) {
         // Order lists keep over an inquiry their rows, if it has none, and the notice that came last.
         screen->InitFirst();
         pair.Batch();
-        StopMap(screen->Handle);
+        screen->Stop();
         screen->InitFirst();
         screen->Received.clear();
         pair.Batch();
@@ -89,7 +89,7 @@ TEST(Windows, AScreenMayGoAtEachCallOfABatchAndTheOthersGoOn) {
             }
             tickhost_pump_messages();
             EXPECT_EQ(heap::InUse().Blocks, before) << sample.Map << " call " << n;
-            EXPECT_TRUE(host.Open.empty());
+            EXPECT_TRUE(host.Subscribed.empty());
         }
     }
 }
@@ -99,17 +99,17 @@ struct Action {
     void (*Run)(Pair& pair);
 };
 constexpr Action kActions[] = {
-    {"stop", [](Pair& pair) { StopMap(pair.Disturbed.Handle); }},
-    {"release", [](Pair& pair) { ReleaseMap(pair.Disturbed.Handle); }},
+    {"stop", [](Pair& pair) { pair.Disturbed.Stop(); }},
+    {"release", [](Pair& pair) { pair.Disturbed.Release(); }},
     {"first Init", [](Pair& pair) { pair.Disturbed.InitFirst(); }},
     {"second Init", [](Pair& pair) { pair.Disturbed.InitSecond(); }},
     {"refused Init", [](Pair& pair) { pair.Disturbed.Init("x"); }},
-    {"stop of the other", [](Pair& pair) { StopMap(pair.Other.Handle); }},
-    {"release of the other", [](Pair& pair) { ReleaseMap(pair.Other.Handle); }},
+    {"stop of the other", [](Pair& pair) { pair.Other.Stop(); }},
+    {"release of the other", [](Pair& pair) { pair.Other.Release(); }},
     {"Init of the other", [](Pair& pair) { pair.Other.InitSecond(); }},
     {"packets", [](Pair& pair) { pair.Disturbed.Feed(); }},
     {"a batch", [](Pair& pair) { pair.Batch(); }},
-    {"a new screen", [](Pair& pair) { pair.Third.Regist() != 0 ? pair.Third.InitFirst() : 0; }},
+    {"a new screen", [](Pair& pair) { pair.Third.Start(); }},
 };
 
 TEST(Windows, AScreenAndTheCommunicationManagerMayCallBackFromEachMessage) {
@@ -129,7 +129,7 @@ TEST(Windows, AScreenAndTheCommunicationManagerMayCallBackFromEachMessage) {
                     Pair pair(host, sample);
                     messages = 0;
                     const auto counting = [&] {
-                        if (++messages == n && pair.Disturbed.Handle != 0) {
+                        if (++messages == n && pair.Disturbed.Handle() != 0) {
                             const int outer = messages;
                             action.Run(pair);
                             messages = outer;
@@ -147,8 +147,8 @@ TEST(Windows, AScreenAndTheCommunicationManagerMayCallBackFromEachMessage) {
                 }
                 tickhost_pump_messages();
                 EXPECT_EQ(heap::InUse().Blocks, before) << what;
-                EXPECT_TRUE(host.Open.empty()) << what << host.Open.begin()->first;
-                host.Open.clear();
+                EXPECT_TRUE(host.Subscribed.empty()) << what << host.Subscribed.begin()->first;
+                host.Subscribed.clear();
             }
         }
     }
@@ -177,11 +177,10 @@ TEST(Windows, AProcessThatEndsWithScreensOpenWithdrawsAll) {
             auto* const host = new BareHost;
             for (const Sample& sample : Samples()) {
                 auto* const screen = new BareScreen(*host, sample);
-                screen->Regist();
-                screen->InitFirst();
+                screen->Start();
             }
             host->OnCall = [host] {
-                if (host->Open.empty()) {
+                if (host->Subscribed.empty()) {
                     std::fputs("nothing is asked for\n", stderr);
                 }
             };

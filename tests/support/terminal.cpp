@@ -25,15 +25,17 @@ std::string Asked(const std::string& operation, char chClass, const std::string&
     return operation + " " + chClass + " [" + Left(code, 11) + "] " + length + flags;
 }
 
-Screen::Screen(Terminal& terminal, const std::string& mapName)
-    : m_Terminal(terminal),
-      m_hWnd(WindowOf(*this)),
-      m_Handle(RegistMap(m_hWnd, mapName.c_str())),
-      m_nTagBytes(TagBytesOf(mapName)) {}
+Screen::Screen(Terminal& terminal, std::size_t tagBytes)
+    : m_Terminal(terminal), m_hWnd(WindowOf(*this)), m_nTagBytes(tagBytes) {}
 
 Screen::~Screen() {
     Unregister();
     CloseWindow();
+}
+
+bool Screen::Regist(const std::string& mapName) {
+    m_Handle = RegistMap(m_hWnd, mapName.c_str());
+    return m_Handle != 0;
 }
 
 void Screen::Unregister() {

@@ -25,7 +25,9 @@ class Terminal;
 // One screen: its window, its map, and the buffers that it has fetched. Destroying it unregisters the map.
 class Screen {
 public:
-    Screen(Terminal& terminal, const std::string& mapName);
+    Screen(Terminal& terminal, const std::string& mapName) : Screen(terminal, TagBytesOf(mapName)) {
+        Regist(mapName);
+    }
     virtual ~Screen();
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
@@ -37,6 +39,7 @@ public:
     void RefusesEveryCutOf(const std::string& text);
     int Stop() const { return StopMap(m_Handle); }
     int Release() const { return ReleaseMap(m_Handle); }
+    bool Regist(const std::string& mapName);
     void Unregister();
     void CloseWindow() const { tickhost_destroy_window(m_hWnd); }
 
@@ -57,10 +60,14 @@ public:
     // What the window gets.
     virtual void OnMessage(uint32_t message, uintptr_t wParam, intptr_t lParam);
 
+protected:
+    // A window whose map is registered later.
+    Screen(Terminal& terminal, std::size_t tagBytes);
+
 private:
     Terminal& m_Terminal;
     HWND m_hWnd;
-    tickmux_handle m_Handle;
+    tickmux_handle m_Handle = 0;
     uintptr_t m_pQueue = 0;
     std::size_t m_nTagBytes;
     bool m_bFetching = true;
@@ -98,7 +105,7 @@ public:
     void OnNextRequest(std::function<void()> action) { m_OnRequest = std::move(action); }
 
     // At each request, function call and message, when it has been written down.
-    virtual void OnCall() {}
+    std::function<void()> OnCall = [] {};
     // What the communication manager's window gets.
     virtual void OnMessage(uint32_t message, uintptr_t wParam, intptr_t lParam);
 
