@@ -1,7 +1,7 @@
 // The calls of a host's life in any order, some of them from within messages.
 #include <array>
+#include <iterator>
 #include <memory>
-#include <optional>
 
 #include "fuzz/desk.h"
 #include "fuzz/input.h"
@@ -10,6 +10,7 @@ using namespace fuzz;
 
 namespace {
 
+// A call has a number below 16, which counts for its slot of six as well, and an argument.
 class Host {
 public:
     explicit Host(Input in) : m_In(in) {}
@@ -26,81 +27,58 @@ private:
         const Sample* Map = nullptr;
         std::unique_ptr<Screen> Open;
     };
+    using OfHost = void (*)(Host& host, Slot& slot, unsigned argument);
+    using OfScreen = void (*)(const Sample& sample, Screen& screen, unsigned argument);
 
-    // One call: what and where, and an argument. No map is unregistered from within a message.
     void Step(bool within);
-    void OfScreen(unsigned call, unsigned argument, Slot& slot, bool within);
+
+    static const OfHost kOfHost[8];
+    static const OfScreen kOfScreen[7];
 
     Input m_In;
     std::array<Slot, 6> m_Slots;
 };
 
+const Host::OfHost Host::kOfHost[] = {
+    [](Host&, Slot&, unsigned packet) { Desk::Get().Feed(SamplePackets()[packet % SamplePackets().size()]); },
+    [](Host&, Slot&, unsigned packet) { Desk::Get().Feed(SamplePackets()[packet % SamplePackets().size()]); },
+    [](Host&, Slot&, unsigned) { Desk::Get().EndBatch(); },
+    [](Host& host, Slot&, unsigned) { Desk::Get().OnNextMessage([&host] { host.Step(true); }); },
+    [](Host&, Slot&, unsigned) { tickhost_pump_messages(); },
+    [](Host&, Slot&, unsigned milliseconds) { Desk::Get().PassTime(milliseconds); },
+    [](Host&, Slot&, unsigned) { StopView(); },
+    [](Host&, Slot& slot, unsigned map) {
+        if (slot.Open == nullptr) {
+            slot.Map = &Samples()[map % Samples().size()];
+            slot.Open = std::make_unique<Screen>(Desk::Get(), slot.Map->Map);
+        }
+    },
+};
+const Host::OfScreen Host::kOfScreen[] = {
+    [](const Sample& sample, Screen& screen, unsigned second) {
+        screen.Init(second % 2 == 0 ? sample.First : sample.Second);
+    },
+    [](const Sample& sample, Screen& screen, unsigned size) { screen.Init(sample.First.substr(0, size)); },
+    [](const Sample& sample, Screen&, unsigned) { Desk::Get().Batch(sample.Packets); },
+    [](const Sample&, Screen& screen, unsigned) { screen.Stop(); },
+    [](const Sample&, Screen& screen, unsigned) { screen.Release(); },
+    [](const Sample&, Screen& screen, unsigned) { screen.CloseWindow(); },
+    [](const Sample&, Screen& screen, unsigned off) { screen.SetFetching(off % 2 == 0); },
+};
+
 void Host::Step(bool within) {
-    constexpr unsigned kCalls = 16;
     const unsigned what = m_In.Byte();
     const unsigned argument = m_In.Byte();
-    Slot& slot = m_Slots[what / kCalls % m_Slots.size()];
-    switch (what % kCalls) {
-        case 0:
-        case 1:
-            Desk::Get().Feed(SamplePackets()[argument % SamplePackets().size()]);
-            break;
-        case 2:
-            EndRTMUnpackToDecoder();
-            break;
-        case 3:
-            Desk::Get().OnNextMessage([this] { Step(true); });
-            break;
-        case 4:
-            tickhost_pump_messages();
-            break;
-        case 5:
-            Desk::Get().PassTime(argument);
-            break;
-        case 6:
-            StopView();
-            break;
-        case 7:
-            if (slot.Open == nullptr) {
-                slot.Map = &Samples()[argument % Samples().size()];
-                slot.Open = std::make_unique<Screen>(Desk::Get(), slot.Map->Map);
-            }
-            break;
-        default:
-            if (slot.Open != nullptr) {
-                OfScreen(what % kCalls, argument, slot, within);
-            }
-    }
-}
-
-void Host::OfScreen(unsigned call, unsigned argument, Slot& slot, bool within) {
-    switch (call) {
-        case 8:
-            slot.Open->Init(argument % 2 == 0 ? slot.Map->First : slot.Map->Second);
-            break;
-        case 9:
-            slot.Open->Init(slot.Map->First.substr(0, argument));
-            break;
-        case 10:
-            Desk::Get().Batch(slot.Map->Packets);
-            break;
-        case 11:
-            slot.Open->Stop();
-            break;
-        case 12:
-            slot.Open->Release();
-            break;
-        case 13:
-            slot.Open->CloseWindow();
-            break;
-        case 14:
-            slot.Open->SetFetching(argument % 2 == 0);
-            break;
-        default:
-            if (!within) {
-                // Out of its slot first: what its going brings about does not find it.
-                const std::unique_ptr<Screen> going = std::move(slot.Open);
-            }
+    const unsigned call = what % 16;
+    Slot& slot = m_Slots[what / 16 % m_Slots.size()];
+    if (call < std::size(kOfHost)) {
+        kOfHost[call](*this, slot, argument);
+    } else if (slot.Open != nullptr && call < 15) {
+        kOfScreen[call - std::size(kOfHost)](*slot.Map, *slot.Open, argument);
+    } else if (!within) {
+        // Unregistered, but not from within a message. Out of its slot first: what its going brings about
+        // does not find it.
+        const std::unique_ptr<Screen> going = std::move(slot.Open);
     }
 }
 

@@ -1,9 +1,7 @@
 // A capture, replayed into a screen of the kind that a first byte tells.
 #include "terminal/capture.h"
-#include "fuzz/input.h"
 #include "fuzz/memory_file.h"
 #include "fuzz/tool_screens.h"
-#include "terminal/errors.h"
 #include "terminal/packet_tally.h"
 
 using namespace fuzz;
@@ -35,16 +33,11 @@ void Replay(tools::CaptureReader& capture, const tools::ScreenKind& kind) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
-    static const MemoryFile file;
     Desk::Get().Begin();
     Input in(data, size);
     const unsigned kind = in.Byte();
-    file.Hold(in.Rest());
-    try {
-        tools::CaptureReader capture(file.Path());
+    return ReadAsFile(in.Rest(), [kind](const std::string& path) {
+        tools::CaptureReader capture(path);
         Replay(capture, *tools::ScreenKinds()[kind % tools::ScreenKinds().size()]);
-    } catch (const tools::BadInput& bad) {
-        Fold(bad.what());
-    }
-    return 0;
+    });
 }

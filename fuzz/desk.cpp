@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 
-#include "fuzz/fold.h"
+#include "fuzz/input.h"
 
 namespace fuzz {
 

@@ -1,4 +1,4 @@
-// The fuzzer's bytes, taken from the front; behind their end come zeros.
+// What goes into a target, and what comes out of it.
 #ifndef TICKMUX_FUZZ_INPUT_H
 #define TICKMUX_FUZZ_INPUT_H
 
@@ -9,6 +9,7 @@
 
 namespace fuzz {
 
+// The fuzzer's bytes, taken from the front; behind their end come zeros.
 class Input {
 public:
     Input(const uint8_t* data, std::size_t size) : m_Rest(reinterpret_cast<const char*>(data), size) {}
@@ -36,6 +37,18 @@ public:
 private:
     std::string_view m_Rest;
 };
+
+inline volatile uint64_t g_Checksum = 0;
+
+// Output that a target reads goes in here, so that no compiler can leave the reading out.
+inline void Fold(std::string_view bytes) {
+    constexpr uint64_t kPrime = 0x100000001B3;
+    uint64_t sum = g_Checksum;
+    for (const char byte : bytes) {
+        sum = (sum ^ static_cast<unsigned char>(byte)) * kPrime;
+    }
+    g_Checksum = sum;
+}
 
 }  // namespace fuzz
 

@@ -9,6 +9,9 @@
 #include <string>
 #include <string_view>
 
+#include "fuzz/input.h"
+#include "terminal/errors.h"
+
 namespace fuzz {
 
 class MemoryFile {
@@ -29,6 +32,19 @@ public:
 private:
     int m_Descriptor;
 };
+
+// Has a program's reader read the text by its path; why it refuses it is output too.
+template <class Read>
+int ReadAsFile(std::string_view text, Read read) {
+    static const MemoryFile file;
+    file.Hold(text);
+    try {
+        read(file.Path());
+    } catch (const tools::BadInput& bad) {
+        Fold(bad.what());
+    }
+    return 0;
+}
 
 }  // namespace fuzz
 

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "fuzz/desk.h"
-#include "fuzz/fold.h"
+#include "fuzz/input.h"
 #include "terminal/screens/screen.h"
 
 namespace fuzz {
