@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 #include <sys/mman.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <future>
 #include <string>
 #include <thread>
-#include <vector>
 
 #include "host/platform/platform.h"
 #include "tests/support/child_process.h"
@@ -34,35 +33,34 @@ DWORD Tried(HANDLE mutex, DWORD milliseconds = 0) {
 
 TEST(Mutex, NestsInItsThreadAndExcludesOthers) {
     const std::string name = NameOfTest();
+    HANDLE unnamed = CreateMutexA(nullptr, FALSE, "");
     for (const char* const text : {name.c_str(), "", static_cast<const char*>(nullptr)}) {
         HANDLE mutex = CreateMutexA(nullptr, TRUE, text);
         EXPECT_EQ(WaitForSingleObject(mutex, INFINITE), WAIT_OBJECT_0);
         EXPECT_EQ(WaitForSingleObject(mutex, 5), WAIT_OBJECT_0);
         for (int left = 3; left > 0; --left) {
-            EXPECT_EQ(Tried(mutex), WAIT_TIMEOUT);
+            const auto start = std::chrono::steady_clock::now();
+            EXPECT_EQ(Tried(mutex, 10), WAIT_TIMEOUT);
+            EXPECT_GE(std::chrono::steady_clock::now() - start, 10ms);
             EXPECT_TRUE(ReleaseMutex(mutex));
         }
         EXPECT_FALSE(ReleaseMutex(mutex));
-        EXPECT_EQ(Tried(mutex, 1), WAIT_OBJECT_0);
+        EXPECT_EQ(Tried(mutex), WAIT_OBJECT_0);
+        EXPECT_EQ(WaitForSingleObject(unnamed, 0), WAIT_OBJECT_0);
+        EXPECT_EQ(Tried(mutex, 1), WAIT_OBJECT_0) << "what has no name has nothing in common";
         EXPECT_TRUE(CloseHandle(mutex));
     }
-    HANDLE first = CreateMutexA(nullptr, TRUE, "");
-    HANDLE second = CreateMutexA(nullptr, FALSE, "");
-    EXPECT_EQ(Tried(second), WAIT_OBJECT_0) << "unnamed mutexes have nothing in common";
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(Tried(first, 30), WAIT_TIMEOUT);
-    EXPECT_GE(std::chrono::steady_clock::now() - start, 30ms);
-    ReleaseMutex(first);
-    CloseHandle(first);
-    CloseHandle(second);
+    ReleaseMutex(unnamed);
+    CloseHandle(unnamed);
 }
 
 TEST(Mutex, ExistsWhileAnyProcessHasAHandle) {
     const std::string tag = NameOfTest();
     for (const std::string& name : {tag, tag + "/x\\..%\xB0\xA1", tag + std::string(200, '/')}) {
-        EXPECT_EQ(OpenMutexA(MUTEX_ALL_ACCESS, FALSE, name.c_str()), nullptr);
+        const auto open = [&] { return OpenMutexA(MUTEX_ALL_ACCESS, FALSE, name.c_str()); };
+        EXPECT_EQ(open(), nullptr);
         HANDLE created = CreateMutexA(nullptr, FALSE, name.c_str());
-        HANDLE opened = OpenMutexA(MUTEX_ALL_ACCESS, FALSE, name.c_str());
+        HANDLE opened = open();
         ASSERT_TRUE(created != nullptr && opened != nullptr && created != opened);
         WaitForSingleObject(created, INFINITE);
         EXPECT_EQ(Tried(opened), WAIT_TIMEOUT);
@@ -70,18 +68,18 @@ TEST(Mutex, ExistsWhileAnyProcessHasAHandle) {
 
         Child child([&] {
             const bool inherited = CloseHandle(created) || WaitForSingleObject(opened, 0) != WAIT_FAILED;
-            if (inherited || OpenMutexA(MUTEX_ALL_ACCESS, FALSE, name.c_str()) == nullptr) {
+            if (inherited || open() == nullptr) {
                 _exit(1);
             }
         });
         CloseHandle(created);
         CloseHandle(opened);
-        HANDLE again = OpenMutexA(MUTEX_ALL_ACCESS, FALSE, name.c_str());
+        HANDLE again = open();
         EXPECT_NE(again, nullptr) << "the child has it";
         EXPECT_TRUE(InSystem(tag));
         child.Kill();
         CloseHandle(again);
-        EXPECT_EQ(OpenMutexA(MUTEX_ALL_ACCESS, FALSE, name.c_str()), nullptr);
+        EXPECT_EQ(open(), nullptr);
         EXPECT_FALSE(InSystem(tag));
     }
     EXPECT_EQ(CreateMutexA(nullptr, FALSE, std::string(300, 'x').c_str()), nullptr);
@@ -90,26 +88,19 @@ TEST(Mutex, ExistsWhileAnyProcessHasAHandle) {
 
 TEST(Mutex, GoesOnWhenItsHolderIsKilled) {
     const std::string name = NameOfTest();
-    HANDLE mutex = CreateMutexA(nullptr, FALSE, name.c_str());
     const auto take = [&] {
         if (WaitForSingleObject(CreateMutexA(nullptr, FALSE, name.c_str()), INFINITE) != WAIT_OBJECT_0) {
             _exit(1);
         }
     };
+    HANDLE mutex = CreateMutexA(nullptr, FALSE, name.c_str());
     for (int round = 0; round < 4; ++round) {
         Child holder(take);
         ASSERT_EQ(WaitForSingleObject(mutex, 0), WAIT_TIMEOUT);
-        DWORD result = WAIT_FAILED;
-        std::thread waiter([&] {
-            result = WaitForSingleObject(mutex, 1000);
-            ReleaseMutex(mutex);
-        });
-        if (round % 2 == 0) {
-            std::this_thread::sleep_for(1ms);
-        }
+        auto waiter = std::async(std::launch::async, [&] { return Tried(mutex, 1000); });
+        std::this_thread::sleep_for(round % 2 * 1ms);
         holder.Kill();
-        waiter.join();
-        ASSERT_EQ(result, WAIT_ABANDONED) << "round " << round;
+        ASSERT_EQ(waiter.get(), WAIT_ABANDONED) << "round " << round;
     }
     EXPECT_EQ(Tried(mutex), WAIT_OBJECT_0);
     CloseHandle(mutex);
@@ -162,21 +153,15 @@ TEST(Mutex, ExcludesWhileItComesAndGoes) {
             CloseHandle(mutex);
         }
     };
-    std::vector<pid_t> processes;
-    for (int process = 0; process < 2; ++process) {
-        processes.push_back(fork());
-        if (processes.back() == 0) {
-            work();
-            _exit(0);
-        }
-    }
-    std::thread other(work);
-    work();
-    other.join();
-    for (const pid_t process : processes) {
-        waitpid(process, nullptr, 0);
-    }
-    EXPECT_EQ(*count, 4 * kTurns);
+    std::thread here(work);
+    Child process([&] {
+        std::thread there(work);
+        work();
+        there.join();
+    });
+    here.join();
+    EXPECT_EQ(*count, 3 * kTurns);
+    process.Kill();
     EXPECT_FALSE(InSystem(name));
     munmap(memory, sizeof(int));
 }

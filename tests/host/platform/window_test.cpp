@@ -4,8 +4,6 @@
 #include <chrono>
 #include <functional>
 #include <future>
-#include <memory>
-#include <optional>
 #include <string>
 #include <thread>
 #include <utility>
@@ -89,22 +87,23 @@ TEST(Window, RunsAtOnceWhatIsSentAndLaterWhatIsPosted) {
 
 TEST(Window, IsGoneOnceDestroyed) {
     HWND previous = nullptr;
-    for (int round = 0; round < 3; ++round) {
+    const std::function<void(Screen&)> ways[] = {
+        [](Screen& screen) { tickhost_destroy_window(screen.Window()); },
+        [](Screen&) { tickhost_reset(); },
+        [](Screen& screen) {  // from within; the record is gone when the procedure ends
+            screen.OnMessage = [&](uint32_t) { tickhost_destroy_window(screen.Window()); };
+            EXPECT_EQ(SendMessageA(screen.Window(), 5, 0, 0), 10);
+        },
+    };
+    for (const auto& destroy : ways) {
         Screen screen;
         auto* const window = screen.Window();
-        EXPECT_GT(reinterpret_cast<uintptr_t>(window), reinterpret_cast<uintptr_t>(previous))
+        EXPECT_GT(reinterpret_cast<uintptr_t>(window),
+                  reinterpret_cast<uintptr_t>(std::exchange(previous, window)))
             << "a new handle";
-        previous = window;
         EXPECT_TRUE(IsWindow(window));
         PostMessageA(window, 1, 0, 0);
-        if (round == 0) {
-            tickhost_destroy_window(window);
-        } else if (round == 1) {
-            tickhost_reset();
-        } else {  // from within; the record is gone when the procedure ends
-            screen.OnMessage = [&](uint32_t) { tickhost_destroy_window(window); };
-            EXPECT_EQ(SendMessageA(window, 5, 0, 0), 10);
-        }
+        destroy(screen);
         screen.Taken();
         EXPECT_FALSE(IsWindow(window));
         EXPECT_EQ(tickhost_pump_messages(), 0);
@@ -113,25 +112,19 @@ TEST(Window, IsGoneOnceDestroyed) {
         EXPECT_FALSE(PostMessageA(window, 1, 0, 0));
         EXPECT_EQ(screen.Taken(), "");
     }
-    std::optional<Screen> screen;
-    std::thread([&] { screen.emplace(); }).join();
-    EXPECT_FALSE(IsWindow(screen->Window())) << "its thread ended";
+    HWND ofThread = nullptr;
+    std::thread([&] { ofThread = tickhost_create_window(nullptr, nullptr); }).join();
+    EXPECT_TRUE(ofThread != nullptr && !IsWindow(ofThread)) << "its thread ended";
 }
 
 TEST(Window, TakesFromOtherThreadsWhatItsOwnThreadPumps) {
     Screen screen;
-    std::atomic<bool> queued = false;
     auto sender = std::async(std::launch::async, [&] {
         SendNotifyMessageA(screen.Window(), 1, 0, 0);
-        queued = true;
         return SendMessageA(screen.Window(), 2, 0, 0);
     });
-    while (!queued) {
-        std::this_thread::yield();
-    }
     LetItHang();
     EXPECT_EQ(screen.Taken(), "");
-    EXPECT_FALSE(IsReady(sender));
     PumpUntil([&] { return IsReady(sender); });
     EXPECT_EQ(screen.Taken(), "1:0:0 2:0:0 ");
     EXPECT_EQ(sender.get(), 4);
@@ -159,43 +152,36 @@ TEST(Window, TwoThreadsThatSendToEachOtherBothGoOn) {
         PumpUntil([&] { return done == 2; });
         EXPECT_EQ(nested, kTurns);
     };
-    std::thread other([&] { work(1); });
+    std::thread other(work, 1);
     work(0);
     other.join();
 }
 
 TEST(Window, DestroyedFromAnotherThreadLetsItsProcedureEndAndItsSendersGo) {
-    auto screen = std::make_unique<Screen>();
-    std::atomic<bool> running = false;
-    std::atomic<bool> ended = false;
-    screen->OnMessage = [&](uint32_t) {
-        running = true;
-        LetItHang();
-        LetItHang();
-        ended = true;
-    };
-    auto* const window = screen->Window();
+    Screen screen;
     std::promise<HWND> helper;
+    std::promise<void> running;
+    std::atomic<bool> ended = false;
     auto destroyer = std::async(std::launch::async, [&] {
         Screen own;
         helper.set_value(own.Window());
-        while (!running) {
-            std::this_thread::yield();
-        }
-        auto sender = std::async(std::launch::async, [&] { return SendMessageA(window, 7, 0, 0); });
+        running.get_future().wait();
+        auto sender = std::async(std::launch::async, [&] { return SendMessageA(screen.Window(), 7, 0, 0); });
         LetItHang();
-        tickhost_destroy_window(window);
+        tickhost_destroy_window(screen.Window());
         EXPECT_TRUE(ended);
         EXPECT_EQ(sender.get(), 0);
         return own.Taken();
     });
     auto* const other = helper.get_future().get();
-    auto slow = screen->OnMessage;
-    screen->OnMessage = [&](uint32_t message) {
-        slow(message);
+    screen.OnMessage = [&](uint32_t) {
+        running.set_value();
+        LetItHang();
+        LetItHang();
         EXPECT_EQ(SendMessageA(other, 8, 0, 0), 16) << "who waits for the end serves what is sent to him";
+        ended = true;
     };
-    EXPECT_EQ(SendMessageA(window, 6, 0, 0), 12);
+    EXPECT_EQ(SendMessageA(screen.Window(), 6, 0, 0), 12);
     EXPECT_EQ(destroyer.get(), "8:0:0 ");
-    EXPECT_EQ(screen->Taken(), "6:0:0 ");
+    EXPECT_EQ(screen.Taken(), "6:0:0 ");
 }
