@@ -141,21 +141,19 @@ private:
 
 class NavInquiry {
 public:
-    explicit NavInquiry(const std::string& key) : m_Key(Left(key, sizeof(StockKey))) {}
-    NavInquiry& Tag(const std::string& tag) { return m_Tag = tag, *this; }
-    NavInquiry& Base(const std::string& value) { return m_Base = value, *this; }
-    NavInquiry& First(const std::string& value) { return m_First = value, *this; }
-    NavInquiry& Second(const std::string& value) { return m_Second = value, *this; }
+    explicit NavInquiry(const std::string& key) {
+        std::memcpy(&m_Init.Key, Left(key, sizeof(StockKey)).data(), sizeof(StockKey));
+        Base("1000.00").First("1001.25").Second("998.5");
+    }
+    NavInquiry& Base(const std::string& value) { return Fill(m_Init.BaseValue, value), *this; }
+    NavInquiry& First(const std::string& value) { return Fill(m_Init.FirstValue, value), *this; }
+    NavInquiry& Second(const std::string& value) { return Fill(m_Init.SecondValue, value), *this; }
     operator std::string() const {  // NOLINT(google-explicit-constructor): stands for its text
-        return m_Tag + m_Key + Left(m_Base, 17) + Left(m_First, 22) + Left(m_Second, 22);
+        return "N1" + Text(m_Init);
     }
 
 private:
-    std::string m_Tag = "N1";
-    std::string m_Key;
-    std::string m_Base = "1000.00";
-    std::string m_First = "1001.25";
-    std::string m_Second = "998.5";
+    NavInit m_Init;
 };
 
 #endif
