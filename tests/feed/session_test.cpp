@@ -17,6 +17,7 @@
 #include "terminal/code_page.h"
 #include "terminal/text.h"
 #include "tests/programs/tool_runs.h"
+#include "tests/support/text.h"
 
 namespace {
 
@@ -24,11 +25,6 @@ using std::chrono::milliseconds;
 using std::chrono::minutes;
 using std::chrono::seconds;
 using tools::Timestamp;
-
-template <std::size_t N>
-std::string Text(const char (&field)[N]) {
-    return {field, N};
-}
 
 std::string Bytes(const tools::CaptureRecord& record) {
     return {record.Bytes, static_cast<std::size_t>(record.Length)};
@@ -92,21 +88,18 @@ public:
         m_nValue += trade.Value;
     }
     void Take(const CompactTradePacket& trade, Timestamp /*time*/) {
-        EXPECT_EQ(
-            Text(trade.Time) + Text(trade.Key.Code) + Text(trade.Broker1) + Text(trade.Broker2) + trade.Sign,
-            Text(m_Latest.Time) + Text(m_Latest.Key.Code) + Text(m_Latest.Broker1) + Text(m_Latest.Broker2) +
-                m_Latest.Sign);
-        EXPECT_TRUE(trade.Price == m_Latest.Price && trade.Change == m_Latest.Change &&
-                    trade.Volume == m_Latest.Volume);
+        const auto shared = [](const auto& of) {
+            return Text(of.Time) + Text(of.Key) + Text(of.Broker1) + Text(of.Broker2) + of.Sign +
+                   Text(of.Price) + Text(of.Change) + Text(of.Volume);
+        };
+        EXPECT_EQ(shared(trade), shared(m_Latest));
         --Seen["compact due"];
     }
     void Take(const BarPacket& bar, Timestamp time) {
         const auto minute = m_Stocks[Text(bar.Key.Code)].Minutes.extract(Text(bar.Time));
         ASSERT_FALSE(minute.empty()) << "a bar without trades at " << Text(bar.Time);
-        const Bar& trades = minute.mapped();
-        EXPECT_EQ(
-            (std::array<int64_t, 5>{bar.Open, bar.High, bar.Low, bar.Close, bar.Volume}),
-            (std::array<int64_t, 5>{trades.Open, trades.High, trades.Low, trades.Close, trades.Volume}));
+        const Bar told{bar.Open, bar.High, bar.Low, bar.Close, bar.Volume};
+        EXPECT_TRUE(told == minute.mapped()) << Text(bar.Key.Code) << Text(bar.Time);
         EXPECT_TRUE(tools::TimeText(time - milliseconds(200)) >= Text(bar.Time) &&
                     tools::TimeText(time - seconds(3)) <= Text(bar.Time));
         ++Seen["bars"];
@@ -153,18 +146,15 @@ public:
     // Sums over the trades before.
     void Take(const BrokerPacket& summary, Timestamp /*time*/) {
         const auto& brokers = m_Stocks[Text(summary.Key.Code)].Brokers;
-        const auto check = [&](int side, const std::string& broker, const std::string& quantity,
-                               int64_t& last) {
-            const int64_t sum = broker.empty() ? 0 : brokers[side].at(broker);
-            EXPECT_EQ(
-                quantity,
-                sum == 0 ? "" : std::string(10 - std::to_string(sum).size(), '0') + std::to_string(sum));
-            EXPECT_LE(sum, std::exchange(last, sum)) << "the largest come first";
-        };
         int64_t last[2] = {INT64_MAX, INT64_MAX};
+        const auto check = [&](int side, const std::string& broker, const std::string& quantity) {
+            const int64_t sum = broker.empty() ? 0 : brokers[side].at(broker);
+            EXPECT_EQ(quantity, sum == 0 ? "" : std::to_string(10'000'000'000 + sum).substr(1));
+            EXPECT_LE(sum, std::exchange(last[side], sum)) << "the largest come first";
+        };
         for (const BrokerRow& row : summary.Rows) {
-            check(0, Trimmed(row.Broker1), Trimmed(row.Qty1), last[0]);
-            check(1, Trimmed(row.Broker2), Trimmed(row.Qty2), last[1]);
+            check(0, Trimmed(row.Broker1), Trimmed(row.Qty1));
+            check(1, Trimmed(row.Broker2), Trimmed(row.Qty2));
         }
         ++Seen["summaries"];
     }
@@ -207,6 +197,7 @@ private:
             Close = price;
             Volume += volume;
         }
+        bool operator==(const Bar&) const = default;
     };
     struct Stock {
         int32_t Base = 0;
@@ -232,9 +223,8 @@ class Session : public testing::Test {
 protected:
     // Gives the session's file; each takes the place of the former one.
     std::string Generate(const std::string& options) const {
-        std::string path = m_Folder.Path("session.pcap");
-        const Outcome outcome = RunTool("feedgen", "--output " + path + " " + options);
-        EXPECT_EQ(outcome.Status, 0) << outcome.Text;
+        const std::string path = m_Folder.Path("session.pcap");
+        EXPECT_EQ(RunTool("feedgen", "--output " + path + " " + options).Status, 0);
         return path;
     }
     template <class Take>
@@ -322,12 +312,12 @@ TEST_F(Session, OptionsChangeTheirOwnStreamOnly) {
         });
         return streams;
     };
-    const std::pair<const char*, const char*> options[] = {{"--books ", "B"},  {"--compact ", "R"},
-                                                           {"--orders ", "0"}, {"--brokers ", "C"},
-                                                           {"--news ", "T"},   {"--others ", "M@"}};
-    for (const auto& [option, types] : options) {
-        const Streams none = read(types, option + std::string("0"));
-        const Streams all = read(types, option + std::string("100"));
+    const std::map<std::string, std::string> typesOf = {{"--books ", "B"},  {"--compact ", "R"},
+                                                        {"--orders ", "0"}, {"--brokers ", "C"},
+                                                        {"--news ", "T"},   {"--others ", "M@"}};
+    for (const auto& [option, types] : typesOf) {
+        const Streams none = read(types, option + "0");
+        const Streams all = read(types, option + "100");
         EXPECT_EQ(none.Count, 0U) << option;
         EXPECT_GE(all.Count, all.Market * 91 / 100) << option;
         EXPECT_TRUE(all.Others == none.Others) << option;

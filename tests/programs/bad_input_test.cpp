@@ -56,7 +56,6 @@ TEST_F(BadInputTest, CommandLines) {
     ExpectLines(
         "tickreplay",
         {{"one", "expected WORKSPACE and CAPTURE, got 1 argument; see --help"},
-         {"--nix a b", "option \"--nix\" is not known here; see --help"},
          {"a b --rows", "option --rows needs a value; see --help"},
          {"--rows 1 --rows 1x a b", "--rows \"1x\" is no number from 0 to 1000000"},
          {"--speed 0.05 a b", "--speed \"0.05\" is no number from 0.1 to 1000"},
@@ -67,16 +66,14 @@ TEST_F(BadInputTest, CommandLines) {
     ExpectLines("feedgen", {{"", "no --output; name a file, or - for standard output"},
                             {output + "more", "argument \"more\" is not known here; see --help"},
                             {output + "--date 20260230",
-                             "--date \"20260230\" is no day; give YYYYMMDD from 19710101 to 20991231"},
-                            {output + "--minutes 421", "--minutes \"421\" is no number from 1 to 420"}});
+                             "--date \"20260230\" is no day; give YYYYMMDD from 19710101 to 20991231"}});
 }
 
 TEST_F(BadInputTest, Captures) {
     const std::string good = GoodCapture();
     const std::string whole = ReadFile(good);
     const std::string cut = Folder.Write("cut.pcap", whole.substr(0, whole.size() - 3));
-    // The link type stands at the head's end; a record begins with its time, the bytes kept and their former
-    // number.
+    // A head ends with the link type; a record begins with its time, the bytes kept and their former number.
     const std::string other = Folder.Write("other.pcap", std::string(whole).replace(20, 1, "\1"));
     const std::string snapped = Folder.Write("snapped.pcap", std::string(whole).replace(24 + 8, 1, "\5"));
     const std::string arguments = Screens + " ";
