@@ -116,8 +116,7 @@ TEST(Allocations, EachMayFailOnceOrForGood) {
             }
         }
     }
-    char none[] = "";
-    SetMutexNameToDecoder(none);
+    SetMutexNameToDecoder(nullptr);
 }
 
 }  // namespace

@@ -32,13 +32,6 @@ Screens FourOfEachMap(BareHost& host) {
     return screens;
 }
 
-void End(const Screens& screens) {
-    for (const auto& screen : screens) {
-        screen->Unregister();
-    }
-    tickhost_pump_messages();
-}
-
 // Seven digits from 0000001 on; 0000000 would be the parent of every order.
 std::string OrderNumber(int number) {
     return std::to_string(10000001 + number).substr(1);
@@ -63,14 +56,11 @@ TEST(LongDay, TheHeapIsAtTheLastHourAsAtTheSecond) {
     constexpr int kHours = 4;
     constexpr int kInquiries = 6;
     const int packets = ShortOrLong(100000, 20000000) / (2 * kHours * kInquiries);
-    {
-        const Screens warm = FourOfEachMap(*std::make_unique<BareHost>());
-        End(warm);
-    }
+    FourOfEachMap(*std::make_unique<BareHost>());
     const int64_t blocksBefore = heap::InUse().Blocks;
     {
         BareHost host;
-        const Screens screens = FourOfEachMap(host);
+        Screens screens = FourOfEachMap(host);
         for (const bool asking : {true, false}) {
             for (std::size_t i = 0; i < screens.size() && !asking; ++i) {
                 // It has a row for each sending, and grows.
@@ -89,7 +79,8 @@ TEST(LongDay, TheHeapIsAtTheLastHourAsAtTheSecond) {
             EXPECT_EQ(heap::InUse().Blocks, second.Blocks) << "asking " << asking;
             EXPECT_EQ(heap::InUse().Bytes, second.Bytes) << "asking " << asking;
         }
-        End(screens);
+        screens.clear();
+        tickhost_pump_messages();
         EXPECT_TRUE(host.Subscribed.empty());
     }
     EXPECT_LE(heap::InUse().Blocks - blocksBefore, 40) << "what the host itself keeps";
@@ -115,8 +106,7 @@ TEST(LongDay, ListsThatGrowTakeWhatTheirRowsTake) {
     for (const Growing& list : lists) {
         BareScreen screen(host, SampleOf(list.Map));
         screen.Keeps = false;
-        screen.Regist();
-        screen.InitFirst();
+        screen.Start();
         const int64_t before = heap::InUse().Bytes;
         for (int number = 0; number < kRows; ++number) {
             ModuleForm::Put(list.Packet(number));
@@ -125,7 +115,6 @@ TEST(LongDay, ListsThatGrowTakeWhatTheirRowsTake) {
         const auto grown = static_cast<std::size_t>(heap::InUse().Bytes - before) / kRows;
         EXPECT_GE(grown, list.RowBytes / 2) << list.Map;
         EXPECT_LE(grown, list.RowBytes * 2) << list.Map;
-        screen.Unregister();
     }
 }
 
@@ -137,10 +126,7 @@ TEST(LongDay, AWindowThatNeverFetchesCostsMemoryAlone) {
     BareScreen silent(host, sample);
     BareScreen fetching(host, sample);
     silent.StopFetching();
-    for (BareScreen* screen : {&silent, &fetching}) {
-        screen->Regist();
-        screen->InitFirst();
-    }
+    ASSERT_TRUE(silent.Start() && fetching.Start());
     const std::string packet = Trade("1ASII").Bytes();
     const auto batch = [&packet] {
         ModuleForm::Put(packet);

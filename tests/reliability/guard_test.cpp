@@ -1,5 +1,4 @@
 // The guards: what waits for them, what is done under them, and a holder that is killed.
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -10,6 +9,7 @@
 
 #include "module/framework/map_manager.h"
 #include "tests/reliability/bare_host.h"
+#include "tests/reliability/host_calls.h"
 #include "tests/support/child_process.h"
 
 namespace {
@@ -22,16 +22,10 @@ struct MutexWatch {
 };
 thread_local MutexWatch* t_pWatch = nullptr;
 
-// The next function of the name, behind this program's.
-template <class Function>
-Function* Behind(const char* name, Function* /*own*/) {
-    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
-}
-
 }  // namespace
 
 HANDLE CreateMutexA(SECURITY_ATTRIBUTES* attributes, BOOL initialOwner, const char* name) {
-    HANDLE mutex = Behind("CreateMutexA", &CreateMutexA)(attributes, initialOwner, name);
+    HANDLE mutex = NextBehind("CreateMutexA", &CreateMutexA)(attributes, initialOwner, name);
     if (t_pWatch != nullptr) {
         t_pWatch->Names[mutex] = name;
     }
@@ -44,13 +38,13 @@ DWORD WaitForSingleObject(HANDLE mutex, DWORD milliseconds) {
         t_pWatch->Held.insert(t_pWatch->Names[mutex]);
         EXPECT_EQ(*t_pWatch->Held.begin(), *t_pWatch->Held.rbegin()) << "two guards held together";
     }
-    return Behind("WaitForSingleObject", &WaitForSingleObject)(mutex, milliseconds);
+    return NextBehind("WaitForSingleObject", &WaitForSingleObject)(mutex, milliseconds);
 }
 BOOL ReleaseMutex(HANDLE mutex) {
     if (t_pWatch != nullptr) {
         t_pWatch->Held.erase(t_pWatch->Held.find(t_pWatch->Names[mutex]));
     }
-    return Behind("ReleaseMutex", &ReleaseMutex)(mutex);
+    return NextBehind("ReleaseMutex", &ReleaseMutex)(mutex);
 }
 
 namespace {
@@ -139,8 +133,7 @@ TEST(MapGuard, RequestsGoOutUnderItAndPacketsRunWithoutAnyGuard) {
         screen.Unregister();
     }
     t_pWatch = nullptr;
-    name.clear();
-    SetMutexNameToDecoder(name.data());
+    SetMutexNameToDecoder(nullptr);
 }
 
 TEST(MapGuard, AWaiterGoesOnWhenTheHolderIsKilled) {
@@ -166,8 +159,7 @@ TEST(MapGuard, AWaiterGoesOnWhenTheHolderIsKilled) {
     }
     screen.Unregister();
     EXPECT_FALSE(InSystem(name));
-    name.clear();
-    SetMutexNameToDecoder(name.data());
+    SetMutexNameToDecoder(nullptr);
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "tests/reliability/host_calls.h"
 
-#include <dlfcn.h>
-
 #include <utility>
 
 #include "host/platform/platform.h"
@@ -19,16 +17,16 @@ struct Calls {
 thread_local Calls t_Calls;
 thread_local int t_nToRefused = 0;
 
-// The next function of the name, behind this program's.
+// The platform's function, called next; in front of the call in question runs the action.
 template <class Function>
-Function* Behind(const char* name, Function* /*own*/) {
+Function* Behind(const char* name, Function* own) {
     if (t_Calls.Counting && ++t_Calls.Count == t_Calls.At) {
         const heap::Spared spared;
         t_Calls.Counting = false;  // what the action itself brings does not count
         t_Calls.Action();
         t_Calls.Counting = true;
     }
-    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+    return NextBehind(name, own);
 }
 
 }  // namespace

@@ -3,7 +3,15 @@
 #ifndef TICKMUX_TESTS_RELIABILITY_HOST_CALLS_H
 #define TICKMUX_TESTS_RELIABILITY_HOST_CALLS_H
 
+#include <dlfcn.h>
+
 #include <functional>
+
+// The platform's function of the name, behind this program's own.
+template <class Function>
+Function* NextBehind(const char* name, Function* /*own*/) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
 
 // Runs `action` in front of the n-th call from now on, counted from 1.
 void AtHostCall(int n, const std::function<void()>& action);

@@ -17,10 +17,7 @@ namespace {
 class Threads : public testing::Test {
 protected:
     void SetUp() override { SetMutexNameToDecoder(m_Name.data()); }
-    void TearDown() override {
-        m_Name.clear();
-        SetMutexNameToDecoder(m_Name.data());
-    }
+    void TearDown() override { SetMutexNameToDecoder(nullptr); }
     // As a host holds it around its batches and its screens' lives.
     MutexGuard Guard() const { return MutexGuard(m_Name.c_str()); }
 

@@ -71,9 +71,11 @@ TEST_F(Module, OnlyActiveDecodersGetPackets) {
 TEST_F(Module, ServesMapsInOrderOfRegistrationAlsoAfterOneHasGone) {
     std::vector<std::unique_ptr<Screen>> screens;
     std::string order;
-    while (screens.size() < 4) {
-        screens.push_back(m_Terminal.Open("RSTICK11_R", TickInquiry("1ASII")));
-    }
+    const auto open = [&](std::size_t screensThen) {
+        while (screens.size() < screensThen) {
+            screens.push_back(m_Terminal.Open("RSTICK11_R", TickInquiry("1ASII")));
+        }
+    };
     const auto batch = [&] {
         order.clear();
         for (std::size_t i = 0; i < screens.size(); ++i) {
@@ -82,15 +84,12 @@ TEST_F(Module, ServesMapsInOrderOfRegistrationAlsoAfterOneHasGone) {
         Batch(Trade("1ASII"));
         return order;
     };
+    open(4);
     EXPECT_EQ(batch(), "0123");
-    screens[1]->Unregister();
-    EXPECT_EQ(batch(), "023");
-    screens[0]->Unregister();
-    screens[3]->Unregister();
-    EXPECT_EQ(batch(), "2");
-    while (screens.size() < 7) {
-        screens.push_back(m_Terminal.Open("RSTICK11_R", TickInquiry("1ASII")));
+    for (const std::size_t gone : {1U, 0U, 3U}) {
+        screens[gone]->Unregister();
     }
+    open(7);
     EXPECT_EQ(batch(), "2456");
     order.clear();
     screens[4]->OnNextMessage([&] {
@@ -222,10 +221,9 @@ TEST_F(Module, CancelNamesTheUser) {
 
 TEST_F(Module, ABlankCodeIsNotAskedFor) {
     CRTMMapManager manager;
-    char code[] = "1ASII      ";
-    char blank[] = "           ";
+    char code[] = "1ASII                 ";
     EXPECT_EQ(manager.AddTrStcdInfo(code, 11, kStockClass, kWantTrades), 1);
-    EXPECT_EQ(manager.AddTrStcdInfo(blank, 11, kStockClass, kWantTrades), 0);
+    EXPECT_EQ(manager.AddTrStcdInfo(code + 11, 11, kStockClass, kWantTrades), 0);
     EXPECT_EQ(Told(), Events{Added('1', "1ASII", "80000000")});
 }
 
