@@ -21,27 +21,25 @@ protected:
 }  // namespace
 
 TEST_F(Host, GivesTextsInTheirForm) {
-    struct Case {
+    const std::string blank(19, ' ');
+    const struct {
         const char* Name;
         const char* (*Get)();
-        const char* Default;
-        const char* Given;
-        const char* Expected;
-    };
-    const Case cases[] = {
+        std::string Default, Given, Expected;
+    } cases[] = {
         {"UserGrade", CQelData21::GetUserGrade, "", "999", "999"},
         {"MenuGrade", CQelData21::GetMenuGrade, "", "1", "1"},
-        {"HashUserID", CQelData21::GetHashUserID, "                   ", "longer than nineteen bytes",
+        {"HashUserID", CQelData21::GetHashUserID, blank, "longer than nineteen bytes",
          "longer than nineteen bytes"},
-        {"UserID", CQelData21::GetUserID, "                   ", "someone", "someone            "},
+        {"UserID", CQelData21::GetUserID, blank, "someone", "someone            "},
         {"UserDir", [] { return CEnvMgr::GetBaseUserDir("base"); }, ".", "users\\", "users"},
         {"DataDir", CEnvMgr::GetDataDir, ".", "/", ""},
     };
-    for (const Case& one : cases) {
-        EXPECT_STREQ(one.Get(), one.Default);
+    for (const auto& one : cases) {
+        EXPECT_EQ(one.Get(), one.Default);
         EXPECT_EQ(tickhost_set_text(one.Name, nullptr), 0);
-        EXPECT_EQ(tickhost_set_text(one.Name, one.Given), 1);
-        EXPECT_STREQ(one.Get(), one.Expected);
+        EXPECT_EQ(tickhost_set_text(one.Name, one.Given.c_str()), 1);
+        EXPECT_EQ(one.Get(), one.Expected);
     }
     EXPECT_EQ(tickhost_set_text("userid", "x"), 0);
 
