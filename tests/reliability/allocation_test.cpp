@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
 
 namespace {

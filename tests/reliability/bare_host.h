@@ -3,6 +3,7 @@
 #ifndef TICKMUX_TESTS_RELIABILITY_BARE_HOST_H
 #define TICKMUX_TESTS_RELIABILITY_BARE_HOST_H
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,11 @@
 #include "tests/support/terminal.h"
 
 using Buffers = std::vector<std::string>;
+
+// Of tests that may be long: ./test long sets the variable.
+inline int ShortOrLong(int shortForm, int longForm) {
+    return std::getenv("TICKMUX_LONG_TESTS") == nullptr ? shortForm : longForm;
+}
 
 class BareHost : public Terminal {
 public:

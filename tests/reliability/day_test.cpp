@@ -1,16 +1,11 @@
 // A long day: what the module keeps is bounded by what it shows.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <memory>
-#include <vector>
 
 #include "host/services/services.h"
 #include "module/layouts/RSTICK11.h"
 #include "module/layouts/RSTRBK01.h"
-#include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
-#include "tests/reliability/long_form.h"
 #include "tests/support/inquiries.h"
 #include "tests/support/orders.h"
 

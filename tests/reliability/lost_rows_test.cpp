@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "module/layouts/RSCAND11.h"
-#include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
 #include "tests/support/inquiries.h"
 

@@ -1,7 +1,6 @@
 // What the packet path may allocate once its containers have their room.
 #include <gtest/gtest.h>
 
-#include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
 
 namespace {

@@ -10,7 +10,6 @@
 #include "module/framework/guard.h"
 #include "module/layouts/RSTICK11.h"
 #include "tests/reliability/bare_host.h"
-#include "tests/reliability/long_form.h"
 #include "tests/support/inquiries.h"
 
 namespace {

@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "tests/reliability/allocations.h"
 #include "tests/reliability/bare_host.h"
 #include "tests/reliability/host_calls.h"
 
