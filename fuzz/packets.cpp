@@ -25,33 +25,26 @@ constexpr unsigned kMarks = 8;
 
 struct Record {
     unsigned Mark;
-    char Type;
-    std::size_t Size;  // of the payload that goes in
-    std::string_view Payload;
+    std::string Packet;  // empty: the batch ends
+    std::size_t Taken;   // of its payload from the input
 };
 
-bool IsBatchEnd(const Record& record) {
-    return record.Mark % kMarks == kBatchEnd;
-}
-
 Record NextRecord(Input& in) {
-    Record record{in.Byte(), '\0', 0, {}};
-    if (IsBatchEnd(record)) {
+    Record record{in.Byte(), {}, 0};
+    const unsigned mark = record.Mark % kMarks;
+    if (mark == kBatchEnd) {
         return record;
     }
-    record.Type = static_cast<char>(in.Byte());
-    if (const std::size_t size = PayloadSize(record.Type); size > 0) {
-        const unsigned mark = record.Mark % kMarks;
-        record.Size = mark == kOneShort ? size - 1 : mark == kOneLong ? size + 1 : size;
+    record.Packet = static_cast<char>(in.Byte());
+    std::size_t size = PayloadSize(record.Packet.front());
+    if (size > 0) {
+        size += mark == kOneLong ? 1 : 0;
+        size -= mark == kOneShort ? 1 : 0;
     }
-    record.Payload = in.Take(record.Size);
+    const std::string_view payload = in.Take(size);
+    record.Taken = payload.size();
+    record.Packet.append(payload).resize(1 + size);
     return record;
-}
-
-std::string PacketOf(const Record& record) {
-    std::string packet = record.Type + std::string(record.Payload);
-    packet.resize(1 + record.Size);
-    return packet;
 }
 
 }  // namespace
@@ -67,11 +60,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     constexpr int kMostRecords = 100;
     for (int records = 0; records < kMostRecords && !in.Empty(); ++records) {
         const Record record = NextRecord(in);
-        if (IsBatchEnd(record)) {
+        if (record.Packet.empty()) {
             desk.PassTime(record.Mark);
             EndRTMUnpackToDecoder();
         } else {
-            desk.Feed(PacketOf(record));
+            desk.Feed(record.Packet);
         }
     }
     EndRTMUnpackToDecoder();
@@ -93,7 +86,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(uint8_t* data, std::size_t size, 
     in.Byte();
     in.Text();
     while (!in.Empty()) {
-        const std::size_t length = NextRecord(in).Payload.size();
+        const std::size_t length = NextRecord(in).Taken;
         const std::size_t end = size - in.Left();
         if (length > 0 && end > place) {
             LLVMFuzzerMutate(data + end - length, length, length);

@@ -30,16 +30,6 @@ std::string Bytes(const tools::CaptureRecord& record) {
     return {record.Bytes, static_cast<std::size_t>(record.Length)};
 }
 
-// The record's packet, if it has this type.
-template <class Packet>
-const Packet* As(const tools::CaptureRecord& record) {
-    if (record.EndsBatch() || record.Bytes[0] != Packet::kType) {
-        return nullptr;
-    }
-    EXPECT_EQ(record.Length, 1 + static_cast<int>(sizeof(Packet)));
-    return reinterpret_cast<const Packet*>(record.Bytes + 1);
-}
-
 // The base that the packet's change tells.
 template <class Packet>
 int32_t ToldBase(const Packet& packet, int32_t price) {
@@ -54,12 +44,17 @@ std::string Trimmed(const char (&field)[N]) {
 // Follows the market's packets with sums of its own.
 class MarketAudit {
 public:
+    // The record's packet, if it has this type.
+    template <class Packet>
+    void TakeA(const tools::CaptureRecord& record) {
+        if (record.Bytes[0] == Packet::kType) {
+            EXPECT_EQ(record.Length, 1 + static_cast<int>(sizeof(Packet)));
+            Take(*reinterpret_cast<const Packet*>(record.Bytes + 1), record.Time);
+        }
+    }
     template <class... Packets>
     void TakeAny(const tools::CaptureRecord& record) {
-        const auto take = [&](const auto* packet) {
-            packet == nullptr ? void() : Take(*packet, record.Time);
-        };
-        (take(As<Packets>(record)), ...);
+        (TakeA<Packets>(record), ...);
     }
     void Take(const TradePacket& trade, Timestamp time) {
         EXPECT_EQ(Text(trade.Time), tools::TimeText(time));

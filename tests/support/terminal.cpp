@@ -52,12 +52,6 @@ int Screen::Init(const std::string& text) {
     return InitMap(m_Handle, block.get());
 }
 
-void Screen::RefusesEveryCutOf(const std::string& text) {
-    for (std::size_t length = 0; length < text.size(); ++length) {
-        EXPECT_EQ(Init(text.substr(0, length)), 0) << length;
-    }
-}
-
 std::string Screen::Next() {
     if (m_Buffers.empty()) {
         ADD_FAILURE() << "the screen has received nothing more";

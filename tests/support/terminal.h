@@ -36,7 +36,6 @@ public:
     HWND Window() const { return m_hWnd; }
 
     int Init(const std::string& text);
-    void RefusesEveryCutOf(const std::string& text);
     int Stop() const { return StopMap(m_Handle); }
     int Release() const { return ReleaseMap(m_Handle); }
     bool Regist(const std::string& mapName);
