@@ -43,7 +43,11 @@ class BareScreen : public Screen {
 public:
     BareScreen(BareHost& host, const Sample& sample)
         : Screen(host, TagBytesOf(sample.Map)), m_Sample(sample) {
-        OnBuffer([this](std::string_view buffer) { Keeps ? Received.emplace_back(buffer), void() : void(); });
+        OnBuffer([this](std::string_view buffer) {
+            if (Keeps) {
+                Received.emplace_back(buffer);
+            }
+        });
     }
     void OnMessage(uint32_t message, uintptr_t wParam, intptr_t lParam) override {
         const heap::Spared spared;

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <future>
 #include <set>
 #include <sstream>
 #include <thread>
@@ -53,24 +54,24 @@ namespace {
 // for it, and sees that it got through only once `giveBack` had begun.
 bool WaitsFor(const std::string& name, const std::function<void()>& action,
               const std::function<void()>& giveBack) {
-    enum class State { Running, Waits, Through };
-    std::atomic<State> state = State::Running;
+    std::promise<bool> waits;
+    bool came = false;
     std::atomic<bool> given = false;
-    const auto turn = [&state](State next) {
-        State running = State::Running;
-        state.compare_exchange_strong(running, next);
-        state.notify_one();
-    };
     std::thread other([&] {
-        MutexWatch watch{[&](const std::string& of) { of == name ? turn(State::Waits) : void(); }};
+        MutexWatch watch{[&](const std::string& of) {
+            if (of == name && !std::exchange(came, true)) {
+                waits.set_value(true);
+            }
+        }};
         t_pWatch = &watch;
         action();
         t_pWatch = nullptr;
-        turn(State::Through);
-        EXPECT_TRUE(given || state == State::Through);
+        if (!came) {
+            waits.set_value(false);
+        }
+        EXPECT_TRUE(given || !came);
     });
-    state.wait(State::Running);
-    const bool waited = state == State::Waits;
+    const bool waited = waits.get_future().get();
     given = true;
     giveBack();
     other.join();

@@ -20,7 +20,6 @@ TEST(SteadyState, HandlersAllocateNothingAndASendTwoBlocks) {
             continue;  // each of the samples is a new order
         }
         BareScreen screen(host, sample);
-        screen.Keeps = false;
         ASSERT_TRUE(screen.Start());
         for (int round = 0; round < 40; ++round) {
             screen.Feed();
@@ -39,7 +38,6 @@ TEST(SteadyState, AQueueThatNeverEmptiesKeepsItsRoom) {
     BareHost host;
     const Sample& sample = SampleOf("RRNEWS01_R");
     BareScreen screen(host, sample);
-    screen.Keeps = false;
     ASSERT_TRUE(screen.Start());
     screen.Feed();  // some headlines, of which each batch end sends one
     const int64_t asked = AllocationsOf([&sample] {
