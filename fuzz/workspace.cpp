@@ -1,5 +1,5 @@
 // A workspace file, and its screens with some packets.
-#include "tests/support/workspace.h"
+#include "terminal/workspace.h"
 #include "fuzz/memory_file.h"
 #include "fuzz/tool_screens.h"
 
