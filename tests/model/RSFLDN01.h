@@ -9,29 +9,30 @@
 struct RSFLDN01 : Model {
     using Model::Model;
 
-    std::string Set(const char* section, const char* key) const { return Setting(In.Monitor, section, key); }
+    // Of the terminal: an industry's list, the stocks, the user's groups, and the brokers' marks.
+    inline static const std::set<std::string> kIndustry = {"ASII"}, kStocks = {"ASII", "BBCA"};
+    inline static const std::map<int, std::string> kGroups = {{1, "ASII"}, {2, "BBCA"}};
+    inline static const std::map<std::string, char> kBrokers = {{"AB", '0'}, {"WXYZ", '1'}};
 
     bool OnInit(const std::string& text) override {
         if (text.size() < 10) {
             return false;
         }
         Waiting.clear();
-        Filters = In.Monitor;
-        const bool all = Set("TRADE_MONITOR", "ALL").empty() || Long(Set("TRADE_MONITOR", "ALL")) != 0;
-        const Rows& stocks = In.OwnIndustry ? In.Industry : In.Stocks;
-        WatchSet = all ? std::set<std::string>(stocks.begin(), stocks.end()) : std::set<std::string>();
-        const std::string groups = all ? "" : Set("FAVOURITES", "SELECTEDGROUP");
-        for (std::size_t at = 0; at < groups.size(); at += 4) {
-            const auto group = In.Groups.find(Long(groups.substr(at, 3)));
-            if (group != In.Groups.end()) {
-                WatchSet.insert(group->second.begin(), group->second.end());
+        Used = In.Monitor;
+        const bool all = Set("TRADE_MONITOR", "ALL").empty() || IsOn("ALL");
+        WatchSet = !all ? std::set<std::string>() : In.OwnIndustry ? kIndustry : kStocks;
+        for (const std::string& number : Split(all ? "" : Set("FAVOURITES", "SELECTEDGROUP"), 0, 4)) {
+            if (const auto group = kGroups.find(Long(number.substr(0, 3))); group != kGroups.end()) {
+                WatchSet.insert(group->second);
             }
         }
         FeedMode = all && !In.OwnIndustry ? 'R' : WatchSet.empty() ? FeedMode : 'A';
         return true;
     }
 
-    void Release() override { Model::Release(), WatchSet.clear(); }
+    std::string Set(const char* section, const char* key) const { return Setting(Used, section, key); }
+    bool IsOn(const char* filter) const { return Long(Set("TRADE_MONITOR", filter)) != 0; }
 
     bool OnTrade(const TradePacket& trade) override {
         return FeedMode == 'A' && trade.Volume != 0 && Show(trade, Copied(trade.TradeRef));
@@ -42,7 +43,7 @@ struct RSFLDN01 : Model {
 
     template <class Packet>
     bool Show(const Packet& trade, const std::string& ref) {
-        const std::string code = Trimmed(Whole(trade.Key.Code));
+        const std::string code = Trimmed(Text(trade.Key.Code));
         const int direction = Direction(trade.Sign);
         const int32_t change = Wrapped(int64_t{direction} * trade.Change);
         const double rate = Rate(change, Wrapped(int64_t{trade.Price} - change), direction);
@@ -56,35 +57,29 @@ struct RSFLDN01 : Model {
                           Printed(trade.Price, 12) + trade.Sign + Color(direction) +
                           Printed(trade.Change, 12) + Color(direction) + Printed(rate, 6, 2) + "  " +
                           Printed(trade.Volume, 12) + ClassTag(trade.Broker1Class) + trade.Broker1Class +
-                          BrokerTag(Whole(trade.Broker1)) + Copied(trade.Broker1) +
-                          ClassTag(trade.Broker2Class) + trade.Broker2Class +
-                          BrokerTag(Whole(trade.Broker2)) + Copied(trade.Broker2));
+                          BrokerTag(Text(trade.Broker1)) + Copied(trade.Broker1) +
+                          ClassTag(trade.Broker2Class) + trade.Broker2Class + BrokerTag(Text(trade.Broker2)) +
+                          Copied(trade.Broker2));
         return true;
     }
 
-    // By the settings of the last inquiry.
     bool Passes(int32_t price, double rate, int32_t volume) const {
-        const auto of = [this](const char* section, const char* key) {
-            return Setting(Filters, section, key);
-        };
-        const auto on = [&](const char* filter) { return Long(of("TRADE_MONITOR", filter)) != 0; };
-        return !(on("PRICE") && (price < Long(of("PRICE", "FROM")) || price > Long(of("PRICE", "TO")))) &&
-               !(on("CHANGE%") &&
-                 (rate < TowardsZero(Double(of("CHANGE%", "FROM"))) || rate > Double(of("CHANGE%", "TO")))) &&
-               !(on("VOLUME") && volume < Long(of("VOLUME", "FROM")));
+        return !(IsOn("PRICE") && (price < Long(Set("PRICE", "FROM")) || price > Long(Set("PRICE", "TO")))) &&
+               !(IsOn("CHANGE%") && (rate < TowardsZero(Double(Set("CHANGE%", "FROM"))) ||
+                                     rate > Double(Set("CHANGE%", "TO")))) &&
+               !(IsOn("VOLUME") && volume < Long(Set("VOLUME", "FROM")));
     }
 
     static std::string ClassTag(char which) { return which == 'F' ? "4 " : which == 'D' ? "1 " : "  "; }
-    std::string BrokerTag(const std::string& broker) const {
-        const auto known = In.Brokers.find(Trimmed(broker));
-        const char mark = known == In.Brokers.end() ? ' ' : known->second[0];
-        return mark == '0' ? "0 " : mark == '1' ? "4 " : mark == '2' ? "1 " : "  ";
+    static std::string BrokerTag(const std::string& broker) {
+        const auto known = kBrokers.find(Trimmed(broker));
+        return known == kBrokers.end() ? "  " : known->second == '0' ? "0 " : "4 ";
     }
 
     Rows TakeChanged() override { return std::exchange(Waiting, {}); }
 
     std::set<std::string> WatchSet;
-    Settings Filters;
+    Settings Used;      // of the last inquiry
     char FeedMode = 0;  // the type of the packets that it listens to
     Rows Waiting;
 };

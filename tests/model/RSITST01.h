@@ -9,16 +9,17 @@
 struct RSITST01 : Model {
     using Model::Model;
 
-    struct Alarm {
-        int32_t BasisPrice, Comparison, PriceMode;
-        double DecreasedPrice, IncreasedPrice, VolumeLimit;
-    };
     struct Row {
         std::string Text;
-        std::optional<Alarm> Record;
+        std::optional<Settings::mapped_type> Alarm;  // its record, by key
         bool Dirty = false;
 
         int32_t Long(std::size_t at, std::size_t width) const { return Texts::Long(Text.substr(at, width)); }
+        // A figure of the alarm record.
+        double Read(const std::string& key, double otherwise = 0) const {
+            const bool there = Alarm && Alarm->count(key) != 0 && !Alarm->at(key).empty();
+            return there ? Double(Alarm->at(key)) : otherwise;
+        }
         // A price against the row's base.
         std::string Priced(int32_t price) const {
             return Texts::Color(static_cast<double>(price) - Long(129, 15)) + Texts::Printed(price, 15);
@@ -35,9 +36,12 @@ struct RSITST01 : Model {
         for (const std::string& bytes : Split(text, 29, 178)) {
             Row row{bytes, {}};
             if ((bytes[0] == '1' || bytes[0] == '2') && Board.size() < 50) {
-                row.Record = LoadAlarm(text.substr(2, 3), Board.size() + 1);
+                const std::string number = std::to_string(1001 + Board.size()).substr(1);
+                const auto record = In.Alarms.find("ALARM" + text.substr(2, 3) + "-" + number);
+                row.Alarm = record == In.Alarms.end() ? Settings::mapped_type() : record->second;
             }
-            if (bytes[0] == '1' && row.Record && (row.Record->PriceMode == 0 || row.Record->PriceMode == 1)) {
+            const double mode = row.Read("price");
+            if (bytes[0] == '1' && row.Alarm && (mode == 0 || mode == 1)) {
                 row.Text[0] = CheckAlarm(row, {row.Long(13, 12), row.Long(67, 15), row.Long(50, 15)},
                                          row.Long(112, 15));
                 row.Dirty = row.Text[0] != '1';
@@ -46,49 +50,32 @@ struct RSITST01 : Model {
         }
         return true;
     }
-    void Stop() override { Model::Stop(), Board.clear(); }
-    void Release() override { Model::Release(), Board.clear(); }
-
-    Alarm LoadAlarm(const std::string& group, std::size_t number) const {
-        const std::string digits = std::to_string(1000 + number).substr(1);
-        const auto read = [&](const char* key) {
-            return Setting(In.Alarms, "ALARM" + group + "-" + digits, key);
-        };
-        const std::string increased = read("increased price");
-        return {Long(read("Basis price")),
-                Long(read("comparison")),
-                Long(read("price")),
-                Double(read("decreased price")),
-                increased.empty() ? -1.0 : Double(increased),
-                Double(read("Volume"))};
-    }
 
     // The state, by price, best of side 1, best of side 2, and total volume.
     char CheckAlarm(const Row& row, const std::vector<int32_t>& values, double totalVolume) const {
-        if (!row.Record || row.Record->Comparison < 0 || row.Record->Comparison > 2) {
+        const double comparison = row.Read("comparison");
+        if (!row.Alarm || comparison < 0 || comparison > 2) {
             return '1';
         }
-        const Alarm& alarm = *row.Record;
-        const double v = values[static_cast<std::size_t>(alarm.Comparison)];
-        const auto moved = [&](double percent) {
-            return alarm.BasisPrice + percent * alarm.BasisPrice * 0.01;
-        };
-        const bool applies = alarm.PriceMode == 0 ? alarm.DecreasedPrice >= 1.0 && alarm.IncreasedPrice >= 1.0
-                             : alarm.PriceMode == 1 ? alarm.BasisPrice >= 1
-                                                    : false;
-        const double upper = alarm.PriceMode == 0 ? alarm.DecreasedPrice : moved(alarm.DecreasedPrice);
-        const double lower = alarm.PriceMode == 0 || alarm.IncreasedPrice == -1.0
-                                 ? alarm.IncreasedPrice
-                                 : moved(alarm.IncreasedPrice);
-        const bool met = (applies && (v >= upper || v <= lower)) ||
-                         (alarm.VolumeLimit >= 1.0 && totalVolume >= alarm.VolumeLimit);
+        const double v = values[static_cast<std::size_t>(comparison)];
+        const double basis = row.Read("Basis price");
+        const double upper = row.Read("decreased price");
+        const double lower = row.Read("increased price", -1);
+        const double volume = row.Read("Volume");
+        bool met = volume >= 1.0 && totalVolume >= volume;
+        if (row.Read("price") == 0) {
+            met |= upper >= 1.0 && lower >= 1.0 && (v >= upper || v <= lower);
+        } else if (row.Read("price") == 1 && basis >= 1) {
+            met |= v >= basis + upper * basis * 0.01 ||
+                   v <= (lower == -1.0 ? lower : basis + lower * basis * 0.01);
+        }
         return met ? AlarmChar : '1';
     }
 
     // Null: no such stock.
     Row* FindRow(const StockKey& key) {
         const auto row = std::find_if(Board.begin(), Board.end(), [&](const Row& at) {
-            return "1" + at.Text.substr(1, 10) == Whole(key);
+            return "1" + at.Text.substr(1, 10) == Text(key);
         });
         return row == Board.end() ? nullptr : &*row;
     }

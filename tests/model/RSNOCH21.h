@@ -8,9 +8,9 @@
 struct RSNOCH21 : Orders {
     using Orders::Orders;
 
-    inline static const std::string kAmend = "\xC1\xA4", kFill = "\xC3\xBC\xB0\xE1",
-                                    kCancel = "\xC3\xEB";           // begin the words
-    inline static const std::string kRefused = "\xB0\xC5\xBA\xCE";  // ends a word
+    // How words begin, and how one ends.
+    inline static const std::string kAmend = "\xC1\xA4", kFill = "\xC3\xBC\xB0\xE1", kCancel = "\xC3\xEB",
+                                    kRefused = "\xB0\xC5\xBA\xCE";
     inline static const std::vector<Route> kRoutes = {{"2001", '1', "Open", Way::Accept},
                                                       {"2002", '2', kAmendUnconfirmedWord, Way::Accept},
                                                       {"2003", '3', kCancelUnconfirmedWord, Way::Accept},
@@ -26,21 +26,21 @@ struct RSNOCH21 : Orders {
         const int count = CountAt(text, 9, 2 + least);
         UserField = count < 0 ? UserField : text.substr(2, keySize);
         if (count > 0) {  // else the rows of an earlier inquiry stay
-            ClearOrders();
+            Forget();
         }
         return count == 0 || (count > 0 && TakeRows(text, 33, count));
     }
 
     bool OnNotice(const OrderPacket& notice) override {
         // The key reaches one byte into the order number.
-        if (!IsOfUser(notice) || Whole(notice.UserField) + notice.OrderNo[0] != UserField) {
+        if (!IsOfUser(notice) || Text(notice.UserField) + notice.OrderNo[0] != UserField) {
             return false;
         }
         BuildEvent(notice, Divisor(notice), kRoutes);
         return true;
     }
     static int64_t Divisor(const OrderPacket& notice) {
-        const std::string board = Whole(notice.BoardName);
+        const std::string board = Text(notice.BoardName);
         return board.starts_with("NG") || board.starts_with("ADV") ? 1 : 100;
     }
 

@@ -5,15 +5,17 @@
 #include "tests/model/model.h"
 
 struct RSODER01 : Model {
-    explicit RSODER01(const World& world) : Model(world), UseHogaRect(world.UseHogaRect) {}
+    using Model::Model;
 
-    // One side of one of ten levels, or of the totals; the tags stand as they were last written.
+    // One side of one of ten levels, or of the totals.
     struct Half {
         int64_t Diff = 0;
         int32_t Qty = 0;
         double Rate = 0.0;
         int32_t Price = 0;
-        std::string QtyColor = "  ", RateColor = "  ", PriceColor = "  ";
+    };
+    struct HalfColors {
+        std::string Qty = "  ", Rate = "  ", Price = "  ";
     };
     static constexpr std::size_t kTotals = 20;  // the first of the two
 
@@ -26,17 +28,12 @@ struct RSODER01 : Model {
         Reserved = text.size() < 45 ? std::string(16, ' ') : text.substr(29, 16);
         const std::string rows = Field(fits ? text.substr(45, static_cast<std::size_t>(bytes)) : "", 1188);
         std::vector<Half> read;
+        Colors.clear();
         for (const std::string& half : Split(rows, 0, 54)) {
-            const auto figure = [&](std::size_t at, std::size_t width) {
-                return Long(half.substr(at, width));
-            };
-            read.push_back({Wrapped(int64_t{figure(5, 10)} * (half[2] == '-' ? -1 : 1)), figure(17, 15),
-                            Double(half.substr(34, 6)), figure(42, 12), half.substr(15, 2),
-                            half.substr(32, 2), half.substr(40, 2)});
-        }
-        for (std::size_t i = 0; i < Halves.size(); ++i) {
-            Halves[i].QtyColor = read[i].QtyColor, Halves[i].RateColor = read[i].RateColor,
-            Halves[i].PriceColor = read[i].PriceColor;
+            const int64_t diff = Long(half.substr(5, 10));
+            read.push_back({Wrapped(half[2] == '-' ? -diff : diff), Long(half.substr(17, 15)),
+                            Double(half.substr(34, 6)), Long(half.substr(42, 12))});
+            Colors.push_back({half.substr(15, 2), half.substr(32, 2), half.substr(40, 2)});
         }
         if (!fits || std::ssize(text) != 45 + bytes) {
             return false;
@@ -46,10 +43,9 @@ struct RSODER01 : Model {
         CurPrice = BasePrice = -1;
         return true;
     }
-    void Release() override { Model::Release(), Key.assign(11, ' '); }
 
     bool OnBook(const BookPacket& book) override {
-        if (Whole(book.Key) != Key) {
+        if (Text(book.Key) != Key) {
             return false;
         }
         // Behind the key and the base: price and quantity of side 1, of side 2, level by level; then two
@@ -77,7 +73,7 @@ struct RSODER01 : Model {
     }
 
     bool OnTrade(const TradePacket& trade) override {
-        if (!UseHogaRect || Whole(trade.Key) != Key || trade.Price == CurPrice) {
+        if (!In.UseHogaRect || Text(trade.Key) != Key || trade.Price == CurPrice) {
             return false;
         }
         const int64_t change = int64_t{Direction(trade.Sign)} * trade.Change;
@@ -89,31 +85,29 @@ struct RSODER01 : Model {
     void OnEndBatch() override {
         std::string body = Printed(11, 4) + Printed(108, 4) + Reserved;
         for (std::size_t i = 0; i < Halves.size(); ++i) {
-            Half& half = Halves[i];
+            const Half& half = Halves[i];
+            HalfColors& colors = Colors[i];
             if (BasePrice != -1) {
-                half.QtyColor = half.RateColor = half.PriceColor =
-                    Color(static_cast<double>(half.Price) - BasePrice);
+                colors.Qty = colors.Rate = colors.Price = Color(static_cast<double>(half.Price) - BasePrice);
             }
             const bool marksOther = i % 2 == 1 && Halves[i - 1].Price == CurPrice;
-            if (UseHogaRect && CurPrice > 0 && CurPrice == half.Price && !marksOther) {
-                half.PriceColor[1] = 'z';
+            if (CurPrice > 0 && CurPrice == half.Price && !marksOther) {
+                colors.Price[1] = 'z';
             }
-            half.QtyColor = i < kTotals ? half.QtyColor : i == kTotals ? "4 " : "1 ";
-            body += Color(static_cast<double>(half.Diff)) +
-                    (half.Diff > 0   ? "+"
-                     : half.Diff < 0 ? "-"
-                                     : " ") +
-                    Color(static_cast<double>(half.Diff)) + Printed(std::abs(half.Diff), 10) + half.QtyColor +
-                    Printed(half.Qty, 15) + half.RateColor + Printed(half.Rate, 6, 2) + half.PriceColor +
+            colors.Qty = i < kTotals ? colors.Qty : i == kTotals ? "4 " : "1 ";
+            const std::string color = Color(static_cast<double>(half.Diff));
+            const char sign = half.Diff > 0 ? '+' : half.Diff < 0 ? '-' : ' ';
+            body += color + sign + color + Printed(std::abs(half.Diff), 10) + colors.Qty +
+                    Printed(half.Qty, 15) + colors.Rate + Printed(half.Rate, 6, 2) + colors.Price +
                     Printed(half.Price, 12);
         }
         Sent.push_back(Tag + body);
         Changed = false;
     }
 
-    const bool UseHogaRect;
-    std::string Key = std::string(11, ' '), Reserved;
+    std::string Key, Reserved;
     std::vector<Half> Halves = std::vector<Half>(22);  // side 1 and side 2 of level 0, of level 1 ...
+    std::vector<HalfColors> Colors;                        // as they were last written
     int32_t CurPrice = -1, BasePrice = -1;             // -1: none came
 };
 

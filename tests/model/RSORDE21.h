@@ -10,7 +10,7 @@ struct RSORDE21 : RSNOCH21 {
     bool OnInit(const std::string& text) override { return TakeInquiry(text, 30, 6); }
 
     bool OnNotice(const OrderPacket& notice) override {
-        if (IsRepeated(notice) || !IsOfUser(notice) || Whole(notice.UserField) != UserField) {
+        if (IsRepeated(notice) || !IsOfUser(notice) || Text(notice.UserField) != UserField) {
             return false;
         }
         std::vector<Route> routes = {{"211?", '4', "Reject", Way::Refuse},

@@ -8,7 +8,7 @@ struct RSORDE22 : Orders {
     using Orders::Orders;
 
     bool OnInit(const std::string& text) override {
-        ClearOrders();
+        Forget();
         const int count = CountAt(text, 67, 91);
         Inquiry = count < 0 ? Inquiry : text.substr(0, 91);
         if (count > 0 && TakeRows(text, 91, count)) {
@@ -32,7 +32,7 @@ struct RSORDE22 : Orders {
         if (IsRepeated(notice) || !IsOfUser(notice) || !PassesFilters(notice)) {
             return false;
         }
-        const std::string lot = Whole(notice.LotSize);
+        const std::string lot = Text(notice.LotSize);
         const int32_t size = lot == "     " ? 100 : Long(lot);
         BuildEvent(notice, size == 0 ? 1 : size, routes);
         return true;
@@ -48,9 +48,9 @@ struct RSORDE22 : Orders {
             board.replace(at, 3, "NG");
         }
         const char side = filter(29, 1)[0];
-        return filter(10, 6) == Whole(notice.UserField) &&
-               ((takesAll(filter(16, 3)) && filter(19, 1) == " ") || filter(16, 12) == Whole(notice.Code)) &&
-               (Trimmed(filter(2, 6)).empty() || filter(2, 8) == Whole(notice.GroupCode)) &&
+        return filter(10, 6) == Text(notice.UserField) &&
+               ((takesAll(filter(16, 3)) && filter(19, 1) == " ") || filter(16, 12) == Text(notice.Code)) &&
+               (Trimmed(filter(2, 6)).empty() || filter(2, 8) == Text(notice.GroupCode)) &&
                (takesAll(filter(30, 3)) || filter(30, 5).starts_with(board)) &&
                (side == ' ' || side == '2' || (notice.Side != '1' && notice.Side != '2') ||
                 side == (notice.Side == '1' ? '1' : '0'));
@@ -59,7 +59,7 @@ struct RSORDE22 : Orders {
     char ChannelMark(const OrderPacket& notice) override {
         static const std::map<std::string, char> marks = {{"M1", 'M'}, {"M2", 'M'}, {"M3", 'M'}, {"00", 'D'},
                                                           {"03", 'D'}, {"21", 'A'}, {"T1", 'T'}};
-        const auto mark = marks.find(Whole(notice.ChannelCode));
+        const auto mark = marks.find(Text(notice.ChannelCode));
         const bool own =
             mark != marks.end() && mark->first == "03" && In.MenuGrade == '1' && notice.UserId[0] == '3';
         return own ? 'W' : mark == marks.end() ? 'H' : mark->second;

@@ -23,8 +23,9 @@ struct CandleColumn {
     }
 };
 
+template <const ChartKind& Kind>
 struct Candles : Model {
-    Candles(const World& world, const ChartKind& kind) : Model(world), Kind(kind) { Reset(); }
+    using Model::Model;
 
     bool OnInit(const std::string& text) override {
         const int count = text.size() < 142 ? 0 : Long(text.substr(118, 4));
@@ -38,12 +39,12 @@ struct Candles : Model {
         Date = text.substr(24, 8);
         Head = text.substr(32, 86);
         CandleTag = Tag;
-        Reset();
-        if (Period() == 'L') {
-            RollPending = Date > row.substr(0, 8);
-        } else if (kPeriods.count(Period()) != 0) {
-            RollPending = Remainder(row.substr(8, 6)) == 0;
-        } else if (Period() != 'A') {
+        Minute = Live = Next = {-1, -1, Kind.NoLow, 0};
+        LiveClose = NextClose = TotalVolume = 0;
+        RowSent = true;
+        LastTrade = LastMinute = NextBoundary = std::string(6, '\0');
+        RollPending = false;
+        if (Period() != 'A' && Period() != 'L' && kPeriods.count(Period()) == 0) {
             return false;
         }
         Ticks.clear();
@@ -53,13 +54,6 @@ struct Candles : Model {
             TakeNewest(row);
         }
         return true;
-    }
-
-    void Release() override {
-        Model::Release();
-        Key.assign(Kind.KeySize, ' ');
-        Date.assign(8, ' ');
-        Head.assign(86, ' ');
     }
 
     // ---- times
@@ -85,16 +79,39 @@ struct Candles : Model {
 
     // ---- columns
 
-    void Reset() {
-        Minute = Live = Next = {-1, -1, Kind.NoLow, 0};
-        LiveClose = NextClose = 0;
-        TotalVolume = 0;
-        SetSent(true);
-        LastTrade = LastMinute = NextBoundary = std::string(6, '\0');
-        RollPending = false;
+    void TakeNewest(const std::string& row) {
+        const auto price = [&](std::size_t place, double none) {
+            const std::string text = row.substr(14 + place * Kind.PriceSize, Kind.PriceSize);
+            return Trimmed(text).empty() ? none : Read(text);
+        };
+        const std::string time = row.substr(8, 6);
+        const int t = Long(time);
+        const bool ofToday = t >= 1 && t <= 199899;
+        TotalVolume = Long(Head.substr(27, 15));
+        Minute = Live = {price(0, -1), price(1, -1), price(2, Kind.NoLow), 0};
+        LiveClose = NextClose = Read(Head.substr(3, 12));
+        if (ofToday) {
+            Minute.Volume = Live.Volume = Long(row.substr(14 + 4 * Kind.PriceSize, Kind.VolumeSize));
+        }
+        LastTrade = NextBoundary = "999999";
+        if (Period() == 'L') {
+            Minute.Volume = Live.Volume = Next.Volume = TotalVolume;
+            RollPending = Date > row.substr(0, 8);
+        } else if (!ofToday) {
+            RollPending = true;
+        } else {
+            RollPending = Remainder(time) == 0;
+            LastTrade =
+                Period() == 'K' ? time.substr(0, 2) + "0000" : Printed(int64_t{t} - Remainder(time), 6);
+            SetNextBoundary(LastTrade);
+        }
+        if (RollPending) {
+            Minute = {-1, -1, Kind.NoLowAfterRoll, 0};
+            Rollover();
+            RowSent = false;
+        }
+        LastTick = In.TickCount;
     }
-    void SetSent(bool sent) { MinuteRowSent = TickRowSent = NewBarSent = sent; }
-    bool NothingSent() const { return !MinuteRowSent && !TickRowSent && !NewBarSent; }
     void Rollover() {
         if (RollPending) {
             Live = std::exchange(Next, {-1, -1, Kind.NoLowAfterRoll, 0});
@@ -103,49 +120,17 @@ struct Candles : Model {
         }
     }
 
-    void TakeNewest(const std::string& row) {
-        const auto price = [&](std::size_t place, double none) {
-            const std::string text = row.substr(14 + place * Kind.PriceSize, Kind.PriceSize);
-            return Trimmed(text).empty() ? none : Read(text);
-        };
-        TotalVolume = Long(Head.substr(27, 15));
-        Minute = Live = {price(0, -1), price(1, -1), price(2, Kind.NoLow), 0};
-        LiveClose = NextClose = Read(Head.substr(3, 12));
-        const std::string time = row.substr(8, 6);
-        const int t = Long(time);
-        const bool ofToday = t >= 1 && t <= 199899;
-        if (ofToday) {
-            Minute.Volume = Live.Volume = Long(row.substr(14 + 4 * Kind.PriceSize, Kind.VolumeSize));
-        }
-        LastTrade = NextBoundary = "999999";
-        if (Period() == 'L') {
-            Minute.Volume = Live.Volume = Next.Volume = TotalVolume;
-        } else if (!ofToday) {
-            RollPending = true;
-        } else {
-            LastTrade =
-                Period() == 'K' ? time.substr(0, 2) + "0000" : Printed(int64_t{t} - Remainder(time), 6);
-            SetNextBoundary(LastTrade);
-        }
-        if (RollPending) {
-            Minute = {-1, -1, Kind.NoLowAfterRoll, 0};
-            Rollover();
-            SetSent(false);
-        }
-        LastTick = In.TickCount;
-    }
-
     // ---- packets
 
     bool OnTrade(const TradePacket& trade) override {
-        return !Kind.IsIndex && trade.Volume != 0 && Whole(trade.Key) == Key &&
-               AddTrade(Whole(trade.Time), trade.Price, trade.Volume, trade.TotalVolume, trade.Value);
+        return trade.Volume != 0 && Text(trade.Key) == Key &&
+               AddTrade(Text(trade.Time), trade.Price, trade.Volume, trade.TotalVolume, trade.Value);
     }
     bool OnIndex(const IndexPacket& index) override {
-        if (!Kind.IsIndex || Whole(index.Key) != Key) {
+        if (Text(index.Key) != Key) {
             return false;
         }
-        AddTrade(Whole(index.Time), index.Index / 10000.0, index.Volume, index.TotalVolume, index.Value);
+        AddTrade(Text(index.Time), index.Index / 10000.0, index.Volume, index.TotalVolume, index.Value);
         if (Period() == 'L') {
             Live = {index.Open / 10000.0, index.High / 10000.0, index.Low / 10000.0, Live.Volume};
         }
@@ -170,12 +155,12 @@ struct Candles : Model {
     }
 
     bool OnBar(const BarPacket& bar) override {
-        return !Kind.IsIndex && Whole(bar.Key) == Key &&
-               AddBar(Whole(bar.Time), bar.Open, bar.High, bar.Low, bar.Close, bar.Volume);
+        return Text(bar.Key) == Key &&
+               AddBar(Text(bar.Time), bar.Open, bar.High, bar.Low, bar.Close, bar.Volume);
     }
     bool OnIndexBar(const IndexBarPacket& bar) override {
         const double v = bar.Index / 10000.0;
-        return Kind.IsIndex && Whole(bar.Key) == Key && AddBar(Whole(bar.Time), v, v, v, v, bar.Volume);
+        return Text(bar.Key) == Key && AddBar(Text(bar.Time), v, v, v, v, bar.Volume);
     }
     // Nothing is left to be refreshed: its row leaves at once.
     bool AddBar(const std::string& time, double open, double high, double low, double close, int32_t volume) {
@@ -188,15 +173,13 @@ struct Candles : Model {
             return false;
         }
         const bool closes = Period() == 'C' || Remainder(time) == 0;
-        const bool opens = NothingSent() && (Period() == 'C' || !closes);
-        NewBarSent |= opens;
-        MinuteRowSent = true;
+        const bool opens = !RowSent && (Period() == 'C' || !closes);
         LastMinute = time;
         LiveClose = LiveClose == 0 ? close : LiveClose;
         SendCandle(opens, Row(time, Minute, Kind.IsIndex ? LiveClose : close));
         if (closes) {
             SetNextBoundary(time);
-            SetSent(false);
+            RowSent = false;
             Minute = {-1, -1, Kind.NoLow, 0};
             RollPending = true;
         }
@@ -213,10 +196,7 @@ struct Candles : Model {
         const bool open = Kind.IsIndex || (!wrapped && In.TickCount - LastTick > 300);
         LastTick = wrapped || open ? In.TickCount : LastTick;
         if (open && LastTrade > LastMinute) {
-            const bool opens = NothingSent();
-            NewBarSent |= opens;
-            TickRowSent = true;
-            SendCandle(opens, Row(LastTrade, Live, LiveClose));
+            SendCandle(!RowSent, Row(LastTrade, Live, LiveClose));
             Changed = false;
         }
         Rollover();
@@ -241,14 +221,14 @@ struct Candles : Model {
     void SendCandle(bool opens, const std::string& row) {
         SendRows(HeadWith(opens ? '2' : '1', LiveClose, TotalVolume), {row});
         Sent.back().replace(0, 2, CandleTag);
+        RowSent = true;
     }
 
-    const ChartKind& Kind;
     std::string CandleTag;  // of the last inquiry whose text was whole
-    std::string Key, Date, Head = std::string(86, ' ');
+    std::string Key, Date, Head;
     Rows Ticks;
     bool RollPending = false;
-    bool MinuteRowSent = true, TickRowSent = true, NewBarSent = true;  // in the current bucket
+    bool RowSent = true;  // in the current bucket
     int32_t TotalVolume = 0;
     CandleColumn Minute, Live, Next;
     double LiveClose = 0, NextClose = 0;

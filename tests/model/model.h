@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "module/wire/packets.h"
+#include "tests/support/text.h"
 
 using Rows = std::vector<std::string>;
 
@@ -42,18 +43,15 @@ struct Texts {
         return text.substr(0, text.find_last_not_of(' ') + 1);
     }
     static std::string Field(std::string text, std::size_t width) { return text.resize(width, ' '), text; }
-    // A packet's field: whole, up to a zero byte, or with nothing but zero bytes from there on.
-    template <class Bytes>
-    static std::string Whole(const Bytes& field) {
-        return {reinterpret_cast<const char*>(&field), sizeof(field)};
-    }
+    // A packet's field up to a zero byte, or with nothing but zero bytes from there on.
     template <class Bytes>
     static std::string Ended(const Bytes& field) {
-        return Whole(field).substr(0, Whole(field).find('\0'));
+        return Text(field).substr(0, Text(field).find('\0'));
     }
     template <class Bytes>
     static std::string Copied(const Bytes& field) {
-        return Ended(field) + std::string(sizeof(field) - Ended(field).size(), '\0');
+        std::string text = Ended(field);
+        return text.resize(sizeof(field)), text;
     }
 
     // The rows of an inquiry from there on, and its figures; a count that is not there is below zero.
@@ -97,9 +95,6 @@ struct World {
     Settings Alarms, Monitor;
     bool UseHogaRect = true;
     bool OwnIndustry = false;
-    std::vector<std::string> Industry, Stocks;
-    std::map<std::string, std::string> Brokers;  // with their marks
-    std::map<int, std::vector<std::string>> Groups;
 };
 
 struct Model : Texts {
@@ -113,8 +108,8 @@ struct Model : Texts {
         Tag = (text + std::string(2, '\0')).substr(0, 2);
         return Active = OnInit(text);
     }
-    virtual void Stop() { Active = Changed = false, Stopped = true; }
-    virtual void Release() { Active = Changed = false; }
+    void Stop() { Release(), Stopped = true; }
+    void Release() { Active = Changed = false, Forget(); }
     void Packet(const std::string& packet) {
         Changed |=
             Active && !Stopped &&
@@ -128,6 +123,8 @@ struct Model : Texts {
 
     // True: the map is active.
     virtual bool OnInit(const std::string& text) = 0;
+    // What a later inquiry would else find.
+    virtual void Forget() {}
     // True: the display has to be refreshed.
     virtual bool OnTrade(const TradePacket& /*trade*/) { return false; }
     virtual bool OnBook(const BookPacket& /*book*/) { return false; }

@@ -51,9 +51,7 @@ struct OrderEvent {
 struct Orders : Model {
     using Model::Model;
 
-    void Stop() override { Model::Stop(), ClearOrders(); }
-    void Release() override { Model::Release(), ClearOrders(); }
-    void ClearOrders() { Pending.clear(), List.clear(); }
+    void Forget() override { Pending.clear(), List.clear(); }
     // The text has the rows from there on, and nothing else.
     bool TakeRows(const std::string& text, std::size_t at, int count) {
         for (const std::string& row : IsSize(text, at, count, 171) ? Split(text, at, 171) : Rows()) {
@@ -62,14 +60,13 @@ struct Orders : Model {
         return IsSize(text, at, count, 171);
     }
 
-    // The comparison ends at a zero byte that stands in both.
+    // The comparison ends at a zero byte.
     bool IsRepeated(const OrderPacket& notice) {
-        const auto* bytes = reinterpret_cast<const char*>(&notice);
-        const bool same = std::strncmp(bytes, LastPacket.data(), sizeof(notice)) == 0;
-        return same || (LastPacket.assign(bytes, sizeof(notice)), false);
+        const std::string former = std::exchange(LastPacket, Ended(notice));
+        return former == LastPacket;
     }
     bool IsOfUser(const OrderPacket& notice) const {
-        return Whole(notice.UserId).substr(0, 19) == In.UserId && Whole(notice.RecordKind) == "01";
+        return Text(notice.UserId).substr(0, 19) == In.UserId && Text(notice.RecordKind) == "01";
     }
 
     // Gives the notice its way.
@@ -83,18 +80,17 @@ struct Orders : Model {
             return;
         }
         const int64_t quantity = Figure(Ended(notice.Quantity)) / divisor;
-        const char side = notice.Side;
-        const std::string board = Whole(notice.BoardName);
-        const std::string row = Field(Ended(notice.Time), 6) + Field(Ended(notice.DisplayText), 12) +
-                                Field(Ended(notice.Code), 12) +
-                                (side == '1'   ? "2 1"
-                                 : side == '2' ? "4 0"
-                                               : std::string("  ") + side) +
-                                (board.starts_with("TN") ? "1" : "0") + Field(Ended(notice.BoardName), 5) +
-                                Field(Ended(notice.Price), 15) + Printed(quantity, 15) +
-                                std::string(45, ' ') + Field(Ended(notice.UserId), 20) +
-                                Field(route->StatusWord, 20) + Field(Ended(notice.OrderNo), 7) +
-                                ChannelMark(notice);
+        const std::string side(1, notice.Side);
+        const std::string board = Ended(notice.BoardName);
+        const std::string row =
+            Field(Ended(notice.Time), 6) + Field(Ended(notice.DisplayText), 12) +
+            Field(Ended(notice.Code), 12) +
+            (side == "1"   ? "2 1"
+             : side == "2" ? "4 0"
+                           : "  " + side) +
+            (board.starts_with("TN") ? "1" : "0") + Field(board, 5) + Field(Ended(notice.Price), 15) +
+            Printed(quantity, 15) + std::string(45, ' ') + Field(Ended(notice.UserId), 20) +
+            Field(route->StatusWord, 20) + Field(Ended(notice.OrderNo), 7) + ChannelMark(notice);
         const OrderEvent event{Long(Ended(notice.OrderNo)),
                                Long(Ended(notice.ParentOrderNo)),
                                quantity,

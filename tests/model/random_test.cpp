@@ -7,22 +7,20 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "feed/random.h"
 #include "module/layouts/RICAND11.h"
 #include "module/layouts/RSCAND11.h"
 #include "module/layouts/RSFLDN01.h"
 #include "module/layouts/RSITST01.h"
 #include "module/layouts/RSODER01.h"
-#include "module/layouts/RSTRBK01.h"
 #include "tests/model/RSFLDN01.h"
 #include "tests/model/RSITST01.h"
 #include "tests/model/RSNOCH21.h"
 #include "tests/model/RSODER01.h"
 #include "tests/model/RSORDE21.h"
 #include "tests/model/RSORDE22.h"
-#include "tests/model/RSTRBK01.h"
 #include "tests/model/candles.h"
 #include "tests/support/inquiries.h"
+#include "tests/support/market.h"
 #include "tests/support/orders.h"
 #include "tests/support/samples.h"
 #include "tests/support/terminal.h"
@@ -31,24 +29,21 @@ namespace {
 
 // ------------------------------------------------------------------ what happens
 
-struct Life : tools::Random {
-    using Random::Random;
+struct Life : Dice {
+    using Dice::Dice;
 
-    template <class Item>
-    Item OneOf(const std::vector<Item>& items) {
-        return items[static_cast<std::size_t>(Below(std::ssize(items)))];
+    std::string Of(const std::vector<std::string>& texts) {
+        return texts[static_cast<std::size_t>(Below(std::ssize(texts)))];
     }
-    std::string Of(const std::vector<std::string>& texts) { return OneOf(texts); }
     char Char(const std::string& letters) {
         return letters[static_cast<std::size_t>(Below(std::ssize(letters)))];
     }
 
     // Mostly prices close together, or few; now and then the ends of the range.
-    int32_t Number() {
-        const auto edge = OneOf<int32_t>({0, -1, 100, 1000, 123456789, 1234567890, INT32_MAX, INT32_MIN});
-        return static_cast<int32_t>(
-            OneOf<int64_t>({Between(995, 1005), Between(995, 1005), Between(900, 1100), Between(-2, 30),
-                            Between(0, 3), edge}));
+    int32_t Figure() {
+        const int64_t edge = OneOf({0, -1, 100, 1000, 123456789, 1234567890, INT32_MAX, INT32_MIN});
+        return static_cast<int32_t>(OneOf({Between(995, 1005), Between(995, 1005), Between(900, 1100),
+                                           Between(-2, 30), Between(0, 3), edge}));
     }
     // Fields of such widths: numbers, or a letter where there is room for no more; now and then what is no
     // number.
@@ -56,7 +51,7 @@ struct Life : tools::Random {
         std::string all;
         for (const std::size_t width : widths) {
             std::string text =
-                Chance(3) ? Of({"x1", "-", "1 2", "+5", "99999999999999999"}) : std::to_string(Number());
+                Chance(3) ? Of({"x1", "-", "1 2", "+5", "99999999999999999"}) : std::to_string(Figure());
             text = width < 3 ? Of({"", "1", "4", "5", "+", "-"}) : Chance(10) ? "" : text;
             text = text.substr(0, width);
             all += width < 3 || Chance(5) ? Left(text, width) : Right(text, width);
@@ -75,9 +70,7 @@ struct Life : tools::Random {
     }
     std::string Index() { return Of({"COMP", "COMP", "MAIN", "    "}); }
     // Few, so that notices meet.
-    std::string OrderNo() {
-        return Chance(4) ? Of({"", "000000x"}) : "000000" + std::to_string(Between(1, 7));
-    }
+    std::string OrderNo() { return Chance(4) ? Of({"", "000000x"}) : "000000" + Digits(1, 7); }
 
     std::string OrderRow() {
         ExpectedRow row(OrderNo());
@@ -90,51 +83,46 @@ struct Life : tools::Random {
                 kBeingSentWord, kAcceptanceRefusedWord}));
     }
 
-    std::string Inquiry(const std::string& map) {
-        // So many rows, each made for itself.
-        const auto block = [](int64_t count, const std::string& size,
-                              const std::function<std::string()>& make) {
-            Rows rows(static_cast<std::size_t>(count));
-            std::generate(rows.begin(), rows.end(), make);
-            return BlockOf(rows, size);
-        };
-        const std::string key = Of({"1ASII", "1ASII", "1BBCA"});
-        const std::string orders = block(Chance(60) ? Below(6) : 0, "171", [this] { return OrderRow(); });
-        if (map == "RSNOCH21_R" || map == "RSORDE21_R") {
-            return "O" + Of({"1", "2"}) + Of({kUserField, kUserField, "ACC002"}) + "0" + orders;
-        }
-        if (map == "RSORDE22_R") {
-            return "O1" + Left(Of({"", "", "", "", "", "GROUP1", "GROUP002"}), 8) + kUserField +
-                   Left(Of({"", "All x", "ALL", "", "ASII", "ALLX"}), 12) + Char("0011223344444457 ") +
-                   Char("2222  01") + Left(Of({"", "", "All", "ALL", "RG", "NG", "TNX"}), 5) +
-                   std::string(32, '.') + orders;
-        }
-        if (map == "RSCAND11_R" || map == "RICAND11_R") {
-            const bool stock = map == "RSCAND11_R";
-            CandleInquiry inquiry(stock ? key : Index(), Char("AABCEEGHIJKKLLD"));
-            inquiry.Figures(Fields({12}), Fields({15})).Dates(Of({"20261120", "20261121"}), "20261120");
-            const std::string figures =
-                stock ? Fields({8, 8, 8, 8, 10, 10}) : Fields({12, 12, 12, 12, 15, 18});
-            return Chance(25) ? inquiry : inquiry.Row(Of({"20261120", "20261119"}) + Time() + figures);
-        }
-        if (map == "RSODER01_R") {
-            const auto row = [this] {
-                return Fields({2, 1, 2, 10, 2, 15, 2, 6, 2, 12, 2, 1, 2, 10, 2, 15, 2, 6, 2, 12});
-            };
-            return BookInquiry(key, block(Chance(60) ? 11 : Below(13), "108", row));
-        }
-        if (map == "RSTRBK01_R") {
-            return "V1" + Left(key, 19) + block(Below(5), Chance(95) ? "62" : "60", [this] {
-                       return Fields({2, 15, 15, 15, 15});
-                   });
-        }
-        const auto row = [this] {
-            return Char("1112 3x") + Left(Stock().substr(1), 10) +
-                   Fields({2, 12, 1, 2, 9, 2, 9, 2, 15, 2, 15, 15, 15, 15, 2, 15, 2, 15, 2, 15});
-        };
-        const int64_t count = Chance(90) ? Between(1, 4) : OneOf<int64_t>({0, 52, 200, 201});
-        return map == "RSITST01_R" ? "I1" + Of({"  7", "012"}) + block(count, "178", row) : "M1unread..";
+    // So many rows, each made for itself.
+    template <class MakeRow>
+    static std::string BlockOfSome(int64_t count, const std::string& size, const MakeRow& make) {
+        Rows rows(static_cast<std::size_t>(count));
+        std::generate(rows.begin(), rows.end(), make);
+        return BlockOf(rows, size);
     }
+    std::string Orders() {
+        return BlockOfSome(Chance(60) ? Below(6) : 0, "171", [this] { return OrderRow(); });
+    }
+    std::string OpenOrders() {
+        return "O" + Of({"1", "2"}) + Of({"ACC0010", "ACC0010", "ACC0020"}) + Orders();
+    }
+    std::string FilteredOrders() {
+        return "O1" + Left(Of({"", "", "", "", "", "GROUP1", "GROUP002"}), 8) + kUserField +
+               Left(Of({"", "All x", "ALL", "", "ASII", "ALLX"}), 12) + Char("0011223344444457 ") +
+               Char("2222  01") + Left(Of({"", "", "All", "ALL", "RG", "NG", "TNX"}), 5) +
+               std::string(32, '.') + Orders();
+    }
+    std::string Chart(const std::string& key, const std::vector<std::size_t>& widths) {
+        CandleInquiry inquiry(key, Char("AABCEEGHIJKKLLD"));
+        inquiry.Figures(Fields({12}), Fields({15})).Dates(Of({"20261120", "20261121"}), "20261120");
+        return Chance(25) ? inquiry : inquiry.Row(Of({"20261120", "20261119"}) + Time() + Fields(widths));
+    }
+    std::string StockChart() { return Chart(Of({"1ASII", "1ASII", "1BBCA"}), {8, 8, 8, 8, 10, 10}); }
+    std::string IndexChart() { return Chart(Index(), {12, 12, 12, 12, 15, 18}); }
+    std::string OrderBook() {
+        return BookInquiry(
+            Of({"1ASII", "1ASII", "1BBCA"}), BlockOfSome(Chance(60) ? 11 : Below(13), "108", [this] {
+                return Fields({2, 1, 2, 10, 2, 15, 2, 6, 2, 12, 2, 1, 2, 10, 2, 15, 2, 6, 2, 12});
+            }));
+    }
+    std::string InterestBoard() {
+        const int64_t count = Chance(90) ? Between(1, 4) : OneOf({0, 52, 200, 201});
+        return "I1" + Of({"  7", "012"}) + BlockOfSome(count, "178", [this] {
+                   return Char("1112 3x") + Left(Stock().substr(1), 10) +
+                          Fields({2, 12, 1, 2, 9, 2, 9, 2, 15, 2, 15, 15, 15, 15, 2, 15, 2, 15, 2, 15});
+               });
+    }
+    std::string Monitor() { return "M1unread.."; }
 
     std::string Packet(const std::string& types) {
         const std::string key = Stock();
@@ -166,7 +154,7 @@ struct Life : tools::Random {
     // All figures of the payload from there to there are others.
     std::string Figures(std::pair<std::size_t, std::size_t> range, std::string packet) {
         for (std::size_t at = 1 + range.first; at < 1 + range.second; at += sizeof(int32_t)) {
-            const int32_t number = Number();
+            const int32_t number = Figure();
             std::memcpy(&packet[at], &number, sizeof(number));
         }
         return packet;
@@ -177,29 +165,14 @@ struct Life : tools::Random {
         const std::string parent = Chance(60) ? OrderNo() : "";  // no order amends itself
         Notice notice(own);
         notice.Code(Char("1222223"), Char("0011223"), Char("1122334 ")).Result(Char("00000000112"));
-        notice.Parent(parent == own ? "" : parent)
-            .Quantity(Chance(60) ? Between(0, 4) : Between(5, 40))
-            .Price(Of({"", "995", "1000", "1005", "10.5"}));
-        notice.User(Chance(95) ? User : "SOMEONE")
-            .Record(Chance(97) ? "01" : "02")
-            .Field(Chance(95) ? kUserField : "ACC002");
+        notice.Parent(parent == own ? "" : parent).Quantity(Chance(60) ? Between(0, 4) : Between(5, 40));
+        notice.User(Chance(95) ? User : "SOMEONE").Record(Chance(97) ? "01" : "02");
+        notice.Field(Chance(95) ? kUserField : "ACC002").Price(Of({"", "995", "1000", "1005", "10.5"}));
         notice.Text(Of({"Astra", "Other", std::string("A\0B", 3)})).Side(Char("12123")).Time(Time());
         notice.Board(Of({"RG", "RG", "TN", "NG", "ADV", "", "XADVY"})).Lot(Of({"", "", "100", "00000", "7"}));
-        notice.Channel(Of({"33", "M1", "M2", "M3", "00", "03", "21", "T1", "??"}))
-            .Group(Of({"GROUP1", "GROUP1", "GROUP002"}));
-        return notice.Item(Of({"ASII", "ASII", "ALLX"})).Bytes();
-    }
-
-    // A limit, or a letter that does not belong there, anywhere behind the key.
-    std::string Spoilt(std::string packet) {
-        const int32_t number = Number();
-        const auto place = static_cast<std::size_t>(Between(18, std::ssize(packet) - 4));
-        if (Chance(50)) {
-            std::memcpy(&packet[place], &number, sizeof(number));
-        } else {
-            packet[place] = Char("01259 F");
-        }
-        return packet;
+        notice.Channel(Of({"33", "M1", "M2", "M3", "00", "03", "21", "T1", "??"}));
+        notice.Group(Of({"GROUP1", "GROUP1", "GROUP002"})).Item(Of({"ASII", "ASII", "ALLX"}));
+        return notice.Bytes();
     }
 
     std::string User = kUser;
@@ -214,15 +187,11 @@ struct SameWorld : World {
         MenuGrade = life.Char("12");
         UseHogaRect = life.Chance(80);
         OwnIndustry = life.Chance(40);
-        Industry = {"ASII"};
-        Stocks = {"ASII", "BBCA"};
-        Brokers = {{"AB", "0"}, {"WXYZ", "1"}};
-        Groups = {{1, {"ASII"}}, {2, {"BBCA"}}};
         tickhost_set_text("UserID", UserId.c_str());
         tickhost_set_text("MenuGrade", std::string(1, MenuGrade).c_str());
         tickhost_set_tick_count(1, TickCount);
         tickhost_set_tobrin_account(OwnIndustry ? 1 : 0);
-        Write("EnvVar.ini", UseHogaRect ? "" : "[USER_TABLE_HOGARECT]\nUSE=0\n");
+        Write("EnvVar.ini", {{"USER_TABLE_HOGARECT", {{"USE", UseHogaRect ? "" : "0"}}}});
         ChangeSettings(life);
     }
 
@@ -239,27 +208,21 @@ struct SameWorld : World {
                                      {"increased price", some({"998", "998", "-0.2", "-1", "0.9", ""})},
                                      {"Volume", some({"", "", "0.5", "1003"})}};
         }
-        Monitor = {
-            {"TRADE_MONITOR",
-             {{"ALL", some({"", "1", "0", "0"})},
-              {"PRICE", some({"0", "1"})},
-              {"CHANGE%", some({"", "1"})},
-              {"VOLUME", some({"0", "2"})}}},
-            {"FAVOURITES", {{"SELECTEDGROUP", some({"001,002", "002", "099,1", ""})}}},
-            {"PRICE", {{"FROM", some({"995", "", "-5"})}, {"TO", some({"1005", "2000000000"})}}},
-            {"CHANGE%",
-             {{"FROM", some({"-3", "0", "0.1", "0.2", "0.3", "-0.1"})}, {"TO", some({"100", "1.5", "0.3"})}}},
-            {"VOLUME", {{"FROM", some({"3", "", "1000"})}}}};
-        Write("InterestAlarm.ini", Text(Alarms));
-        Write("TradeMonEnv.ini", Text(Monitor));
+        Monitor["TRADE_MONITOR"] = {{"ALL", some({"", "1", "0", "0"})},
+                                    {"PRICE", some({"0", "1"})},
+                                    {"CHANGE%", some({"", "1"})},
+                                    {"VOLUME", some({"0", "2"})}};
+        Monitor["FAVOURITES"] = {{"SELECTEDGROUP", some({"001,002", "002", "099,1", ""})}};
+        Monitor["PRICE"] = {{"FROM", some({"995", "", "-5"})}, {"TO", some({"1005", "2000000000"})}};
+        Monitor["CHANGE%"] = {{"FROM", some({"-3", "0", "0.1", "0.2", "0.3", "-0.1"})},
+                              {"TO", some({"100", "1.5", "0.3"})}};
+        Monitor["VOLUME"] = {{"FROM", some({"3", "", "1000"})}};
+        Write("InterestAlarm.ini", Alarms);
+        Write("TradeMonEnv.ini", Monitor);
     }
 
     // A new file each time, since some file systems wait where one is emptied.
-    void Write(const std::string& file, const std::string& text) {
-        std::filesystem::remove(Services.Folder().Path(file));
-        Services.Folder().Write(file, text);
-    }
-    static std::string Text(const Settings& settings) {
+    void Write(const std::string& file, const Settings& settings) {
         std::string text;
         for (const auto& [section, keys] : settings) {
             text += "[" + section + "]\n";
@@ -267,7 +230,8 @@ struct SameWorld : World {
                 text += value.empty() ? "" : key + "=" + value + "\n";
             }
         }
-        return text;
+        std::filesystem::remove(Services.Folder().Path(file));
+        Services.Folder().Write(file, text);
     }
 
     SampleWorld Services;
@@ -278,6 +242,7 @@ struct SameWorld : World {
 struct MapForm {
     std::string Map;
     std::string Types;  // of its packets
+    std::string (Life::*Inquiry)();
     std::unique_ptr<Model> (*Make)(const World&);
     testing::AssertionResult (*Shows)(const std::string& actual, const std::string& expected);
 };
@@ -286,21 +251,18 @@ template <class Form>
 std::unique_ptr<Model> Make(const World& world) {
     return std::make_unique<Form>(world);
 }
-template <const ChartKind& Kind>
-std::unique_ptr<Model> MakeChart(const World& world) {
-    return std::make_unique<Candles>(world, Kind);
-}
 
 const MapForm kMaps[] = {
-    {"RICAND11_R", "EEEEF", MakeChart<kIndexChart>, ShowsRows<HeadedRows, IndexCandleRow>},
-    {"RSCAND11_R", "AAAAD", MakeChart<kStockChart>, ShowsRows<HeadedRows, StockCandleRow>},
-    {"RSFLDN01_R", "AR", Make<RSFLDN01>, ShowsRows<PlainRows, MonitorRow>},
-    {"RSITST01_R", "AAB", Make<RSITST01>, ShowsRows<PlainRows, InterestRow>},
-    {"RSNOCH21_R", "0", Make<RSNOCH21>, ShowsRows<OrderMessage, OrderRow>},
-    {"RSODER01_R", "AB", Make<RSODER01>, ShowsRows<PlainRows, BookRow>},
-    {"RSORDE21_R", "0", Make<RSORDE21>, ShowsRows<OrderMessage, OrderRow>},
-    {"RSORDE22_R", "0", Make<RSORDE22>, ShowsRows<OrderMessage, OrderRow>},
-    {"RSTRBK01_R", "A", Make<RSTRBK01>, ShowsRows<PlainRows, PriceRow>},
+    {"RICAND11_R", "EEEEF", &Life::IndexChart, Make<Candles<kIndexChart>>,
+     ShowsRows<HeadedRows, IndexCandleRow>},
+    {"RSCAND11_R", "AAAAD", &Life::StockChart, Make<Candles<kStockChart>>,
+     ShowsRows<HeadedRows, StockCandleRow>},
+    {"RSFLDN01_R", "AR", &Life::Monitor, Make<RSFLDN01>, ShowsRows<PlainRows, MonitorRow>},
+    {"RSITST01_R", "AAB", &Life::InterestBoard, Make<RSITST01>, ShowsRows<PlainRows, InterestRow>},
+    {"RSNOCH21_R", "0", &Life::OpenOrders, Make<RSNOCH21>, ShowsRows<OrderMessage, OrderRow>},
+    {"RSODER01_R", "AB", &Life::OrderBook, Make<RSODER01>, ShowsRows<PlainRows, BookRow>},
+    {"RSORDE21_R", "0", &Life::OpenOrders, Make<RSORDE21>, ShowsRows<OrderMessage, OrderRow>},
+    {"RSORDE22_R", "0", &Life::FilteredOrders, Make<RSORDE22>, ShowsRows<OrderMessage, OrderRow>},
 };
 
 class RandomLives : public testing::TestWithParam<MapForm> {
@@ -314,17 +276,17 @@ protected:
         const std::unique_ptr<Model> model = map.Make(world);
         std::string packet;
         int buffers = 0;
-        for (int step = 0; step < 400 && !HasFatalFailure() && !HasNonfatalFailure(); ++step) {
+        for (int step = 0; step < 400 && !HasFailure(); ++step) {
             const int64_t what = step == 0 ? 100 : life.Below(103);
             SCOPED_TRACE("seed " + std::to_string(seed) + ", step " + std::to_string(step) + ", what " +
                          std::to_string(what));
             if (what < 68) {
                 packet = packet.empty() || !life.Chance(4) ? life.Packet(map.Types) : packet;  // or once more
-                packet = life.Chance(5) ? life.Spoilt(packet) : packet;
+                packet = life.Chance(5) ? Spoilt(packet, life, 18) : packet;
                 terminal.Feed(packet);
                 model->Packet(packet);
             } else if (what < 98) {
-                world.TickCount += life.OneOf<uint32_t>({0, 100, 200, 300, 301, 1000, 0xFFFFFC00U});
+                world.TickCount += life.OneOf({0U, 100U, 200U, 300U, 301U, 1000U, 0xFFFFFC00U});
                 tickhost_set_tick_count(1, world.TickCount);
                 terminal.EndBatch();
                 model->EndBatch();
@@ -332,7 +294,7 @@ protected:
                 if (life.Chance(30)) {
                     world.ChangeSettings(life);
                 }
-                std::string text = life.Inquiry(map.Map);
+                std::string text = (life.*map.Inquiry)();
                 text = life.Chance(85) ? text
                        : life.Chance(20)
                            ? text + "x"

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <string>
 
 #include "feed/random.h"
@@ -25,19 +26,26 @@ inline Rows StockCodes(int64_t count) {
     return codes;
 }
 
-// Values as a busy morning brings them: no two alike, and none that can be foretold.
-class Market : public tools::Random {
+// Choices.
+class Dice : public tools::Random {
 public:
     using Random::Random;
 
     int32_t Number(int64_t bound) { return static_cast<int32_t>(Below(bound)); }
     std::string Digits(int64_t first, int64_t last) { return std::to_string(Between(first, last)); }
+    template <class Item, std::size_t N>
+    Item OneOf(const Item (&items)[N]) {
+        return items[Below(N)];
+    }
+};
+
+// Values as a busy morning brings them: no two alike, and none that can be foretold.
+class Market : public Dice {
+public:
+    using Dice::Dice;
 
     // Of three to six digits.
-    int32_t Price() {
-        constexpr int64_t kBounds[] = {500, 5000, 50000, 500000};
-        return 100 + Number(kBounds[Below(4)]);
-    }
+    int32_t Price() { return 100 + Number(OneOf({500, 5000, 50000, 500000})); }
     // Mostly some hundreds, now and then millions.
     int32_t Quantity() { return 1 + Number(Below(8) == 0 ? 9'000'000 : 900); }
     char Sign() { return "1234567800"[Below(10)]; }
@@ -83,5 +91,18 @@ private:
     std::array<int32_t, 20> m_Quantities{};  // of side 1, then of side 2
     int32_t m_nBest = 0;
 };
+
+// A packet as it should not be: extreme numbers, and digits, blanks or zero bytes where they don't belong.
+inline std::string Spoilt(std::string packet, Dice& dice, std::size_t from = 1) {
+    const int32_t number = dice.OneOf({INT32_MAX, INT32_MIN, 0, -1, 100, dice.Number(2000)});
+    const auto end = static_cast<int64_t>(packet.size());
+    const auto place = static_cast<std::size_t>(dice.Between(static_cast<int64_t>(from), end - 1));
+    if (dice.Chance(50) && place + sizeof(number) <= packet.size()) {
+        std::memcpy(&packet[place], &number, sizeof(number));
+    } else {
+        packet[place] = dice.OneOf({'0', '1', '2', '3', '5', '9', ' ', 'F', '\0'});
+    }
+    return packet;
+}
 
 #endif

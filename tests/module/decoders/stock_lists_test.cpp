@@ -137,14 +137,15 @@ TEST_F(VolumeByPrice, TheInquirysRowsKeepTheirOrderAndTheFirstOfAPriceCounts) {
 
 TEST_F(VolumeByPrice, RowsOfAnInquiryLieWithinItsText) {
     const std::string row = Row("1", "1000", "1", "1", "1");
+    const std::string half = row.substr(0, 32);
     Open(Inquiry("1ASII", {row}));
-    for (const char* count : {"2", "9999", "-1"}) {
-        EXPECT_EQ(Init("V1" + Left("1OTHER", 19) + Block(count, "62", row)), 0) << count;
+    for (const std::string& block : {Block("2", "62", row), Block("9999", "62", row), Block("-1", "62", row),
+                                     Block("1", "62", row.substr(1)), Block("1", "62")}) {
+        EXPECT_EQ(Init("V1" + Left("1OTHER", 19) + block), 0) << block;
     }
-    EXPECT_EQ(Init(Inquiry("1ASII", {row, row.substr(0, 32)}, "32")), 1);
+    EXPECT_EQ(Init(Inquiry("1ASII", {row, half}, "32")), 1);
     Traded(1000, 1);
-    Expect(
-        {row.substr(0, 17) + Right("2", 15) + Right("1", 15) + Right("10", 15), Left(row.substr(0, 32), 62)});
+    Expect({half.substr(0, 17) + Right("2", 15) + Right("1", 15) + Right("10", 15), Left(half, 62)});
     EXPECT_EQ(Init(Inquiry("1ASII", {row, row}, "9999")), 1) << "no more than a row's width is read";
     EXPECT_EQ(Init(Inquiry("1ASII", {row}, "-62")), 1);
 }
