@@ -16,6 +16,7 @@
 #include "module/wire/subscription_record.h"
 #include "tests/support/fields.h"
 #include "tests/support/host_parts.h"
+#include "tests/support/inquiries.h"
 #include "tests/support/packets.h"
 
 using Events = std::vector<std::string>;
@@ -140,6 +141,12 @@ protected:
     std::string After(const Packet& packet) {
         Feed(packet);
         return Silent() ? "nothing" : m_Screen->Next();
+    }
+    // The next buffer is the front, up to its repeat head, and these rows.
+    template <class Front, class Row>
+    void Expect(const std::string& front, const Rows& rows) {
+        const std::string expected = front + BlockOf(rows, std::to_string(sizeof(Row)));
+        EXPECT_TRUE((ShowsRows<Front, Row>(m_Screen->Next(), expected)));
     }
     // As Terminal::Events, with what the window was posted.
     Events Told() { return tickhost_pump_messages(), m_Terminal.Events(); }

@@ -49,7 +49,7 @@ TEST_F(IndexPanelScreen, TheBaseIsThatOfTheFirstThreeFieldsOrElseTheFirstUpdates
     }
 }
 
-constexpr char kBoard[] = "8000000";
+constexpr char kUpdates[] = "8000000";
 
 class IndexBoard : public ScreenTest {
 protected:
@@ -58,8 +58,8 @@ protected:
 
 TEST_F(IndexBoard, ChangedRowsLeaveInBoardOrderOnceABatch) {
     Open(IndexBoardInquiry({"AAAA", "BBBB", "CCCC", "BBBB"}));
-    EXPECT_EQ(Told(), (Events{Added('A', "AAAA", kBoard), Added('A', "BBBB", kBoard),
-                              Added('A', "CCCC", kBoard), Added('A', "BBBB", kBoard)}));
+    EXPECT_EQ(Told(), (Events{Added('A', "AAAA", kUpdates), Added('A', "BBBB", kUpdates),
+                              Added('A', "CCCC", kUpdates), Added('A', "BBBB", kUpdates)}));
     Feed(IndexUpdate("CCCC").Index(100000).Change('1', 100000), IndexUpdate("BBBB").Index(1));
     Feed(IndexUpdate("DDDD"));
     IndexUpdate update = IndexUpdate("BBBB").Time("101112").Index(9900001).Change('5', 99999);
@@ -71,38 +71,28 @@ TEST_F(IndexBoard, ChangedRowsLeaveInBoardOrderOnceABatch) {
     const std::string third = dots + "1         10.0000" + "1" + "1         10.0000" + "1    0.00" +
                               "    1    2    3    4        5" + Right("100", 15) + Right("0", 18) +
                               std::string(8, '.') + "090000CCCC";
-    const std::string sent = "B1" + BlockOf({second, third}, "134");
-    EXPECT_TRUE((ShowsRows<PlainRows, IndexBoardRow>(m_Screen->Next(), sent)));
+    Expect<PlainRows, IndexBoardRow>("B1", {second, third});
     EXPECT_TRUE(Silent());
 }
-
-constexpr char kUpdates[] = "8000000";
 
 class IndexTicks : public ScreenTest {
 protected:
     IndexTicks() : ScreenTest("RINTIK01_R") {}
-    static std::string Inquiry(const std::string& base) {
-        return "X1COMP......." + Right(base, 15) + "........";
-    }
     static std::string Row(char tag, const std::string& index, char sign, const std::string& change,
                            const std::string& rate, const std::string& volume) {
         const std::string color{tag, ' '};
         return "090000  " + color + Right(index, 15) + sign + color + Right(change, 15) + color +
                Right(rate, 7) + Right(volume, 15);
     }
-    void Expect(const Rows& rows) {
-        EndBatch();
-        EXPECT_TRUE((ShowsRows<PlainRows, IndexTickRow>(m_Screen->Next(), "X1" + BlockOf(rows, "67"))));
-    }
 };
 
 TEST_F(IndexTicks, EveryUpdateIsARowWithTheRateOfItsChange) {
-    Open(Inquiry("7000.00"));
+    Open("X1COMP......." + Right("7000.00", 15) + "........");
     EXPECT_EQ(Told(), Events{Added('A', "COMP", kUpdates)});
     Feed(IndexUpdate("COMP").Index(70706999).Change('2', 706000).Volume(0), IndexUpdate("MAIN"));
-    Feed(IndexUpdate("COMP").Index(69000000).Change('5', 706000).Volume(12));
-    Expect({Row('1', "7070.6999", '2', "70.6000", "1.00", "0"),
-            Row('4', "6900.0000", '5', "70.6000", "1.01", "12")});
+    Batch(IndexUpdate("COMP").Index(69000000).Change('5', 706000).Volume(12));
+    Expect<PlainRows, IndexTickRow>("X1", {Row('1', "7070.6999", '2', "70.6000", "1.00", "0"),
+                                           Row('4', "6900.0000", '5', "70.6000", "1.01", "12")});
     EXPECT_TRUE(Silent());
 }
 
@@ -118,9 +108,8 @@ TEST_F(IndexChartTicks, EveryUpdateLeavesAtOnceWithItsOwnQuantity) {
     Open(Inquiry("COMP", 'H', BlockOf({Left("20261119", 44)}, "44") + "more"));
     EXPECT_EQ(Told(), Events{Added('A', "COMP", kUpdates)});
     Feed(IndexUpdate("MAIN"), IndexUpdate("COMP").Index(70706999).Volume(12).TotalVolume(99));
-    EXPECT_TRUE((ShowsRows<HeadedRows, IndexChartRow>(
-        m_Screen->Next(), "Y1" + Head(".2", "7070.6999", "12") +
-                              BlockOf({"20261119090000" + Right("7070.6999", 15) + Right("12", 15)}, "44"))));
+    Expect<HeadedRows, IndexChartRow>("Y1" + Head(".2", "7070.6999", "12"),
+                                      {"20261119090000" + Right("7070.6999", 15) + Right("12", 15)});
     Feed(IndexUpdate("COMP"), IndexUpdate("COMP"));
     EXPECT_EQ(Told(), (Events{"view", "view", "view"}));
 }
@@ -151,8 +140,7 @@ protected:
     IndexChart() : ScreenTest("RICAND11_R") {}
     void Expect(const std::string& periodAndAction, const std::string& value, const std::string& quantity,
                 const Rows& rows) {
-        const std::string sent = "C1" + Head(periodAndAction, value, quantity) + BlockOf(rows, "95");
-        EXPECT_TRUE((ShowsRows<HeadedRows, IndexCandleRow>(m_Screen->Next(), sent)));
+        ScreenTest::Expect<HeadedRows, IndexCandleRow>("C1" + Head(periodAndAction, value, quantity), rows);
     }
     static IndexUpdate At(const std::string& time, int32_t index, int32_t volume) {
         return IndexUpdate("COMP").Time(time).Index(index).Volume(volume).TotalVolume(1000);

@@ -10,10 +10,6 @@ namespace {
 class StockTicks : public ScreenTest {
 protected:
     StockTicks() : ScreenTest("RSTICK11_R") {}
-    void Expect(const std::string& front, const Rows& rows) {
-        EndBatch();
-        EXPECT_TRUE((ShowsRows<HeadedRows, TickRow>(m_Screen->Next(), front + BlockOf(rows, "38"))));
-    }
     // Of the inquiry's date.
     static std::string Row(const std::string& time, const std::string& price, const std::string& volume) {
         return "20261120" + time + Right(price, 12) + Right(volume, 12);
@@ -28,9 +24,9 @@ TEST_F(StockTicks, RowsOfABatchLeaveTogetherBehindTheLatestFigures) {
     }
     Feed(Trade("1ASII").Time("090000").Price(1005).Volume(3).TotalVolume(103));
     Feed(Trade("1ASII").Time("090001").Price(1010).Volume(2147483647).TotalVolume(-7));
-    Feed(Trade("1ASII").Price(7).Volume(0).TotalVolume(51));
-    Expect("T1" + Head("A2", "1010", "-7"),
-           {Row("090000", "1005", "3"), Row("090001", "1010", "2147483647")});
+    Batch(Trade("1ASII").Price(7).Volume(0).TotalVolume(51));
+    Expect<HeadedRows, TickRow>("T1" + Head("A2", "1010", "-7"),
+                                {Row("090000", "1005", "3"), Row("090001", "1010", "2147483647")});
     EXPECT_TRUE(Silent());
 }
 
@@ -57,9 +53,6 @@ TEST_F(StockTicks, NothingIsQueuedForAWindowThatIsGone) {
 class StockFills : public ScreenTest {
 protected:
     StockFills() : ScreenTest("RSDONE01_R") {}
-    static std::string Inquiry(const std::string& key, const std::string& base, const Rows& rows = {}) {
-        return "F1" + Left(key, 11) + Right(base, 12) + BlockOf(rows, "79");
-    }
     static std::string Row(const std::string& ref, char tag, const std::string& price, char sign,
                            const std::string& change, const std::string& rate, const std::string& volume,
                            const std::string& brokers) {
@@ -67,47 +60,40 @@ protected:
         return "090000" + Left(ref, 8) + color + Right(price, 12) + sign + color + Right(change, 12) + color +
                Right(rate, 6) + "  " + Right(volume, 12) + brokers;
     }
-    void Expect(const Rows& rows) {
-        EndBatch();
-        EXPECT_TRUE((ShowsRows<PlainRows, FillRow>(m_Screen->Next(), "F1" + BlockOf(rows, "79"))));
-    }
 };
 
 TEST_F(StockFills, ATradeIsARowWithRateAndBrokers) {
-    Open(Inquiry("1ASII", "1000"));
+    Open("F1" + Left("1ASII", 11) + Right("1000", 12) + Block("0", "79"));
     EXPECT_EQ(Told(), Events{Added('1', "1ASII", "80000000")});
     Feed(Trade("1ASII").Volume(0), Trade("2ASII"));
     Feed(Trade("1ASII").Price(1019).Change('2', 5).Volume(3).Ref("00000042").Brokers('F', 'D', "AB", "WXYZ"));
     Feed(Trade("1ASII").Price(1019).Change('7', 5).Volume(-3).Brokers('x', ' '));
-    Feed(Trade("1ASII").Price(1019).Change(' ', 5));
-    Expect({Row("00000042", '1', "1019", '2', "5", "1.90", "3", "4 FAB  1 DWXYZ"),
-            Row("", '4', "1019", '7', "5", "1.90", "-3", "  x           "),
-            Row("", '5', "1019", ' ', "5", "1.90", "1", "1 D    1 D    ")});
+    Batch(Trade("1ASII").Price(1019).Change(' ', 5));
+    Expect<PlainRows, FillRow>("F1", {Row("00000042", '1', "1019", '2', "5", "1.90", "3", "4 FAB  1 DWXYZ"),
+                                      Row("", '4', "1019", '7', "5", "1.90", "-3", "  x           "),
+                                      Row("", '5', "1019", ' ', "5", "1.90", "1", "1 D    1 D    ")});
     EXPECT_TRUE(Silent());
 }
 
 class VolumeByPrice : public ScreenTest {
 protected:
     VolumeByPrice() : ScreenTest("RSTRBK01_R") {}
+    static std::string Inquiry(const std::string& block) { return "V1" + Left("1ASII", 19) + block; }
     static std::string Row(const std::string& color, const std::string& price, const std::string& trades,
                            const std::string& volume, const std::string& value) {
         return RowOf<PriceRow>({color + " ", price, trades, volume, value});
-    }
-    static std::string Inquiry(const std::string& key, const Rows& rows = {},
-                               const std::string& size = "62") {
-        return "V1" + Left(key, 11) + "unused.." + BlockOf(rows, size);
     }
     void Traded(int32_t price, int32_t volume, char sign = '2') {
         Feed(Trade("1ASII").Price(price).Volume(volume).Change(sign, 1).Lot(10));
     }
     void Expect(const Rows& rows) {
         EndBatch();
-        EXPECT_TRUE((ShowsRows<PlainRows, PriceRow>(m_Screen->Next(), "V1" + BlockOf(rows, "62"))));
+        ScreenTest::Expect<PlainRows, PriceRow>("V1", rows);
     }
 };
 
 TEST_F(VolumeByPrice, TradesAddToTheirPriceAndNewPricesFindTheirPlace) {
-    Open(Inquiry("1ASII"));
+    Open(Inquiry(Block("0", "62")));
     EXPECT_EQ(m_Terminal.Events(), Events{Added('1', "1ASII", "80000000")});
     Traded(1000, 3);
     EXPECT_EQ(m_Terminal.Events(), Events{"list"}) << "at once, and once for a new price";
@@ -126,7 +112,7 @@ TEST_F(VolumeByPrice, TradesAddToTheirPriceAndNewPricesFindTheirPlace) {
 TEST_F(VolumeByPrice, TheInquirysRowsKeepTheirOrderAndTheFirstOfAPriceCounts) {
     const std::string low = Row("x", "5", "1", "1", "1");
     const std::string high = Row("x", "9", "2147483647", "2147483647", "");
-    Open(Inquiry("1ASII", {low, high, low}));
+    Open(Inquiry(BlockOf({low, high, low}, "62")));
     EXPECT_TRUE(Silent()) << "Init sends nothing";
     Traded(5, 1);
     Traded(9, 1);
@@ -138,16 +124,16 @@ TEST_F(VolumeByPrice, TheInquirysRowsKeepTheirOrderAndTheFirstOfAPriceCounts) {
 TEST_F(VolumeByPrice, RowsOfAnInquiryLieWithinItsText) {
     const std::string row = Row("1", "1000", "1", "1", "1");
     const std::string half = row.substr(0, 32);
-    Open(Inquiry("1ASII", {row}));
+    Open(Inquiry(Block("1", "62", row)));
     for (const std::string& block : {Block("2", "62", row), Block("9999", "62", row), Block("-1", "62", row),
                                      Block("1", "62", row.substr(1)), Block("1", "62")}) {
         EXPECT_EQ(Init("V1" + Left("1OTHER", 19) + block), 0) << block;
     }
-    EXPECT_EQ(Init(Inquiry("1ASII", {row, half}, "32")), 1);
+    EXPECT_EQ(Init(Inquiry(Block("2", "32", row + half))), 1);
     Traded(1000, 1);
     Expect({half.substr(0, 17) + Right("2", 15) + Right("1", 15) + Right("10", 15), Left(half, 62)});
-    EXPECT_EQ(Init(Inquiry("1ASII", {row, row}, "9999")), 1) << "no more than a row's width is read";
-    EXPECT_EQ(Init(Inquiry("1ASII", {row}, "-62")), 1);
+    EXPECT_EQ(Init(Inquiry(Block("2", "9999", row + row))), 1) << "no more than a row's width is read";
+    EXPECT_EQ(Init(Inquiry(Block("1", "-62", row))), 1);
 }
 
 class BrokerSummary : public ScreenTest {

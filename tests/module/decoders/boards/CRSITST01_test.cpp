@@ -65,8 +65,7 @@ TEST_F(InterestBoard, ChangedRowsLeaveInBoardOrderWithWhatTheInquiryGave) {
         RowText(" ", "CCCC",
                 std::string(37, '.') + "1 " + Right("1001", 15) + "4 " + Right("999", 15) + Right("34", 15) +
                     Right("12", 15) + std::string(15, '.'));
-    EXPECT_TRUE(
-        (ShowsRows<PlainRows, InterestRow>(m_Screen->Next(), "I1" + BlockOf({second, third}, "178"))));
+    Expect<PlainRows, InterestRow>("I1", {second, third});
     EXPECT_TRUE(Silent());
 }
 

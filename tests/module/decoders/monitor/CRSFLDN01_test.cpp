@@ -76,13 +76,10 @@ TEST_F(TradeMonitor, SelectedGroupsAreSubscribedOnThreeBoardsInTheirOrder) {
     Feed(Trade("5ASII"), Trade("1CCCC"), Trade("1BBBB").Volume(0), CompactTrade("1BBBB"), rise);
     Feed(Trade("1BBBB").Price(980).Change('5', 20).Brokers('x', 'D', "C", "D"));
     Batch(Trade("3BBBB").Price(20).Change('1', 20).Brokers(' ', ' ', "E", "?"));
-    const std::string sent =
-        "M1" +
-        BlockOf({Row("00000042", "ASII.TS", '1', "1020", '2', "20", "2.00", "-3") + "4 F0 AB  1 D4 WXYZ",
-                 Row("", "BBBB", '4', "980", '5', "20", "-2.00", "1") + "  x1 C   1 D  D   ",
-                 Row("", "BBBB.NG", '1', "20", '1', "20", "0.00", "1") + "     E        ?   "},
-                "98");
-    EXPECT_TRUE((ShowsRows<PlainRows, MonitorRow>(m_Screen->Next(), sent)));
+    Expect<PlainRows, MonitorRow>(
+        "M1", {Row("00000042", "ASII.TS", '1', "1020", '2', "20", "2.00", "-3") + "4 F0 AB  1 D4 WXYZ",
+               Row("", "BBBB", '4', "980", '5', "20", "-2.00", "1") + "  x1 C   1 D  D   ",
+               Row("", "BBBB.NG", '1', "20", '1', "20", "0.00", "1") + "     E        ?   "});
     // One group alone, given without its last character. Its stocks and the file's place are still those of
     // the opening.
     Watch("12");
@@ -101,10 +98,8 @@ TEST_F(TradeMonitor, TheWholeMarketsFeedIsOnFromTheFirstMonitorToTheLast) {
                      CompactTrade("1ASII").Volume(-1)),
               0U);
     Batch(CompactTrade("2FULLLENGTH"));
-    EXPECT_TRUE((ShowsRows<PlainRows, MonitorRow>(
-        m_Screen->Next(),
-        "M1" + BlockOf({Row("", "FULLLENGTH.TN", '1', "1000", '2', "10", "1.01", "1") + std::string(18, ' ')},
-                       "98"))));
+    Expect<PlainRows, MonitorRow>(
+        "M1", {Row("", "FULLLENGTH.TN", '1', "1000", '2', "10", "1.01", "1") + std::string(18, ' ')});
     {
         const auto second = m_Terminal.Open("RSFLDN01_R", kInquiry);
         EXPECT_EQ(Init(kInquiry), 1);

@@ -28,15 +28,11 @@ TEST_F(OpenOrders, ANewOrderComesInFillsAndLeaves) {
 }
 
 TEST_F(OpenOrders, DeletionsTellThePlaceAndBringChangedRows) {
-    OpenWith({ExpectedRow("0000003").Open("100"), ExpectedRow("0000002").Open("100"),
-              ExpectedRow("0000001").Open("100")});
-    Feed(Filled("0000001", 10, "1000"), Filled("0000002", 1, "1000"), Filled("0000003", 10, "1000"));
-    Feed(Filled("0000002", 150, "1000"));  // above what is open; its own change leaves with it
-    ExpectDeleted(1, {ExpectedRow("0000003").Filled("10", "1000").Open("90").Status("Partial"),
-                      ExpectedRow("0000001").Filled("10", "1000").Open("90").Status("Partial")});
-    Feed(Filled("0000001", 90, "1000"));
-    ExpectDeleted(1);
-    Feed(Notice("0000003").Code('2', '2', '4'));
+    OpenWith({ExpectedRow("0000002").Open("100"), ExpectedRow("0000001").Open("100")});
+    Feed(Filled("0000002", 10, "1000"), Filled("0000001", 1, "1000"));
+    Feed(Filled("0000001", 150, "1000"));  // above what is open; its own change leaves with it
+    ExpectDeleted(1, {ExpectedRow("0000002").Filled("10", "1000").Open("90").Status("Partial")});
+    Feed(Notice("0000002").Code('2', '2', '4'));
     ExpectDeleted(0);
     EXPECT_TRUE(Silent());
 }
@@ -49,8 +45,6 @@ TEST_F(OpenOrders, AnAmendmentTakesFromItsParentAndReplacesIt) {
     Feed(Amendment("0000002", "0000001", 80, '2'));
     ExpectDeleted(1);
     ExpectChanged({ExpectedRow("0000002").Open("80").Status(kAmendConfirmedWord)});
-    Feed(Amendment("0000002", "0000001", 80, '2'));
-    EXPECT_TRUE(Silent());
 }
 
 TEST_F(OpenOrders, WhatComesBeforeItsAcceptanceWaitsForIt) {
@@ -61,21 +55,19 @@ TEST_F(OpenOrders, WhatComesBeforeItsAcceptanceWaitsForIt) {
     Feed(Accepted("0000001", 100));
     ExpectNew(ExpectedRow("0000001").Open("100"));
     ExpectChanged({ExpectedRow("0000001").Filled("30", "995").Open("70").Status("Partial")});
-
     Feed(Amendment("0000002", "0000001", 70, '2'));
     ExpectDeleted(0);
     ExpectNew(ExpectedRow("0000002").Ordered("70").Open("70"));
-    Feed(Amendment("0000002", "0000001", 70, '0'));  // the word is "Open": the kind rule; then the parked one
-    ExpectChanged({ExpectedRow("0000002").Ordered("70").Open("70").Status(kAmendConfirmedWord)});
 }
 
 TEST_F(OpenOrders, AnAcceptanceOfAListedOrderGoesByItsWord) {
     const std::string refused = "\xC1\xA4\xB0\xC5\xB0\xC5\xBA\xCE";
-    const std::vector<std::pair<std::string, std::string>> words = {
-        {"Open", kAcceptedWord},          {kBeingFilledWord, kBeingFilledWord},
-        {kCancelConfirmedWord, "gone"},   {kCancelUnconfirmedWord, kAcceptedWord},
-        {kAcceptanceRefusedWord, "gone"}, {refused, refused}};
-    ExpectAcceptances(words);
+    ExpectAcceptances({{"Open", kAcceptedWord},
+                       {kBeingFilledWord, kBeingFilledWord},
+                       {kCancelConfirmedWord, "gone"},
+                       {kCancelUnconfirmedWord, kAcceptedWord},
+                       {kAcceptanceRefusedWord, "gone"},
+                       {refused, refused}});
     OpenWith({ExpectedRow("0000001").Status(kCancelConfirmedWord)});
     Feed(Cancellation("0000001", "", 100, '2'));
     EXPECT_TRUE(Silent()) << "what is confirmed already stays";
