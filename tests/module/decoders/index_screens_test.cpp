@@ -10,8 +10,7 @@
 
 namespace {
 
-class IndexPanelScreen : public ScreenTest {
-protected:
+struct IndexPanelScreen : ScreenTest {
     IndexPanelScreen() : ScreenTest("RITRDE01_R") {}
     static std::string Inquiry(const std::string& range, const std::string& fields) {
         return "P1" + Left("COMP", 11) + range + fields;
@@ -51,8 +50,7 @@ TEST_F(IndexPanelScreen, TheBaseIsThatOfTheFirstThreeFieldsOrElseTheFirstUpdates
 
 constexpr char kUpdates[] = "8000000";
 
-class IndexBoard : public ScreenTest {
-protected:
+struct IndexBoard : ScreenTest {
     IndexBoard() : ScreenTest("RITRDE02_R") {}
 };
 
@@ -75,8 +73,7 @@ TEST_F(IndexBoard, ChangedRowsLeaveInBoardOrderOnceABatch) {
     EXPECT_TRUE(Silent());
 }
 
-class IndexTicks : public ScreenTest {
-protected:
+struct IndexTicks : ScreenTest {
     IndexTicks() : ScreenTest("RINTIK01_R") {}
     static std::string Row(char tag, const std::string& index, char sign, const std::string& change,
                            const std::string& rate, const std::string& volume) {
@@ -96,8 +93,7 @@ TEST_F(IndexTicks, EveryUpdateIsARowWithTheRateOfItsChange) {
     EXPECT_TRUE(Silent());
 }
 
-class IndexChartTicks : public ScreenTest {
-protected:
+struct IndexChartTicks : ScreenTest {
     IndexChartTicks() : ScreenTest("RINTIK11_R") {}
     static std::string Inquiry(const std::string& code, char period, const std::string& block) {
         return "Y1" + code + "......" + period + Head("..") + block;
@@ -135,8 +131,7 @@ std::string Candle(const Rows& figures) {
     return RowOf<IndexCandleRow>(figures);
 }
 
-class IndexChart : public ScreenTest {
-protected:
+struct IndexChart : ScreenTest {
     IndexChart() : ScreenTest("RICAND11_R") {}
     void Expect(const std::string& periodAndAction, const std::string& value, const std::string& quantity,
                 const Rows& rows) {

@@ -7,8 +7,7 @@
 
 namespace {
 
-class StockTicks : public ScreenTest {
-protected:
+struct StockTicks : ScreenTest {
     StockTicks() : ScreenTest("RSTICK11_R") {}
     // Of the inquiry's date.
     static std::string Row(const std::string& time, const std::string& price, const std::string& volume) {
@@ -50,8 +49,7 @@ TEST_F(StockTicks, NothingIsQueuedForAWindowThatIsGone) {
     }
 }
 
-class StockFills : public ScreenTest {
-protected:
+struct StockFills : ScreenTest {
     StockFills() : ScreenTest("RSDONE01_R") {}
     static std::string Row(const std::string& ref, char tag, const std::string& price, char sign,
                            const std::string& change, const std::string& rate, const std::string& volume,
@@ -75,8 +73,7 @@ TEST_F(StockFills, ATradeIsARowWithRateAndBrokers) {
     EXPECT_TRUE(Silent());
 }
 
-class VolumeByPrice : public ScreenTest {
-protected:
+struct VolumeByPrice : ScreenTest {
     VolumeByPrice() : ScreenTest("RSTRBK01_R") {}
     static std::string Inquiry(const std::string& block) { return "V1" + Left("1ASII", 19) + block; }
     static std::string Row(const std::string& color, const std::string& price, const std::string& trades,
@@ -136,8 +133,7 @@ TEST_F(VolumeByPrice, RowsOfAnInquiryLieWithinItsText) {
     EXPECT_EQ(Init(Inquiry(Block("1", "-62", row))), 1);
 }
 
-class BrokerSummary : public ScreenTest {
-protected:
+struct BrokerSummary : ScreenTest {
     BrokerSummary() : ScreenTest("RSBRSM01_R") {}
 };
 
@@ -151,8 +147,7 @@ TEST_F(BrokerSummary, ThePictureIsThatOfTheLatestPacket) {
                                                           "S1090001  " + BlockOf(Rows(10, row), "42"))));
 }
 
-class FundValues : public ScreenTest {
-protected:
+struct FundValues : ScreenTest {
     FundValues() : ScreenTest("RSETFNAV_R") {}
     // Tag and value of each field; "" is a blank one.
     void Expect(const std::string& tag, const std::vector<std::string>& values) {

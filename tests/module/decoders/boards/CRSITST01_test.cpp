@@ -18,8 +18,7 @@ std::string Inquiry(const Rows& rows, const std::string& size = "178") {
     return "I1 07" + BlockOf(rows, size);
 }
 
-class InterestBoard : public ScreenTest {
-protected:
+struct InterestBoard : ScreenTest {
     InterestBoard() : ScreenTest("RSITST01_R") { tickhost_set_text("UserDir", m_Folder.Path("").c_str()); }
 
     // Alarms by row number, in group 07.

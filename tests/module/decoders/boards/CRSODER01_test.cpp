@@ -22,8 +22,7 @@ std::string Side(const std::string& diff, const std::string& quantity, const std
 // A row of the image, for sides that hold nothing.
 const std::string kNothing = Side("", "0", "-100.0", "4 ", "0");
 
-class OrderBook : public ScreenTest {
-protected:
+struct OrderBook : ScreenTest {
     OrderBook() : ScreenTest("RSODER01_R") {}
 
     // The image with these rows from the top and these totals; rows in between are kNothing.

@@ -16,8 +16,7 @@ std::string Newest(const std::string& time) {
 }
 
 // A chart whose throttle is open at each batch end unless the test holds the clock.
-class StockChart : public ScreenTest {
-protected:
+struct StockChart : ScreenTest {
     StockChart() : ScreenTest("RSCAND11_R") {}
     void Open(const std::string& init) {
         tickhost_set_tick_count(1, m_Now);
@@ -158,25 +157,26 @@ TEST_F(StockChart, TimesThatAreNoneDaysAndMidnight) {
         Open(CandleInquiry("1ASII", 'L').Row(Candle({date, "090130"})));
         EXPECT_EQ(Traded("090200", 5), std::string(action) + " 090200       1000") << date;
     }
-    Open(CandleInquiry("1ASII", 'E').Row(Newest("090130")));
-    Closed("235700");
-    EXPECT_EQ(Traded("235800", 5), "2 235800         45");
-    EXPECT_EQ(Traded("235801", 1), "1 235801          6") << "the boundary is 000000";
+    // The second trade is in the next candle if the first one lies behind the boundary, a minute past the
+    // bar.
+    const std::array<std::string, 4> bars[] = {{"235900", "235930", "235931", "6"},
+                                               {"090330", "090401", "090402", "1"}};
+    for (const auto& [bar, first, second, volume] : bars) {
+        Open(CandleInquiry("1ASII", 'C').Row(Newest("090130")));
+        Closed(bar);
+        EXPECT_EQ(Traded(first, 5), "2 " + first + "         45");
+        EXPECT_EQ(Traded(second, 1), "1 " + second + "          " + volume);
+    }
 }
 
 TEST_F(StockChart, ARollTakesBackWhatCameBehindTheClosingBar) {
     Open(CandleInquiry("1ASII", 'E').Row(Newest("090130")));
-    Feed(Bar("1ASII", "090300").Volume(6));
-    EXPECT_EQ(NextShort(), "1 090300         46");
-    EndBatch();
-    EXPECT_TRUE(m_Screen->Empty()) << "without a trade the roll waits";
+    EXPECT_EQ(Closed("090300"), "1 090300         41");
+    EXPECT_TRUE(Silent()) << "without a trade the roll waits";
     EXPECT_EQ(Traded("090310", 9), "2 090310         49") << "still the closed bucket's live column";
-    Feed(Bar("1ASII", "090400").Prices(1020, 1021, 1019, 1020).Volume(9));
-    // The inquiry's price stands in the next column until a trade falls there.
-    ExpectRow("E1", "1000", "1000", {"090400", "1020", "1021", "1019", "1020", "9"});
-    Closed("090600");
-    Feed(Bar("1ASII", "090700").Prices(-5, -5, -5, -5).Volume(1));
-    ExpectRow("E2", "1000", "1000", {"090700", "-5", "-1", "-5", "-5", "1"});
+    Feed(Bar("1ASII", "090400").Prices(-5, -5, -5, -5).Volume(9));
+    // The inquiry's price stands in the next column until a trade falls there; -1 is no high.
+    ExpectRow("E1", "1000", "1000", {"090400", "-5", "-1", "-5", "-5", "9"});
 }
 
 TEST_F(StockChart, HalfMinutesMergeBarsInSilenceAndSumsOfQuantitiesWrap) {

@@ -27,8 +27,7 @@ std::string Row(const std::string& ref, const std::string& code, char tag, const
            Right(change, 12) + color + Right(rate, 6) + "  " + Right(volume, 12);
 }
 
-class TradeMonitor : public ScreenTest {
-protected:
+struct TradeMonitor : ScreenTest {
     TradeMonitor() : ScreenTest("RSFLDN01_R") {
         tickhost_set_text("UserDir", m_Folder.Path("").c_str());
         Master(0, {"ASII", "FULLLENGTH"}, {"", ""});

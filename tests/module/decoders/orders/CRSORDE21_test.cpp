@@ -4,8 +4,7 @@
 
 namespace {
 
-class OrderList : public OrderScreen {
-protected:
+struct OrderList : OrderScreen {
     OrderList() : OrderScreen("RSORDE21_R") {}
 };
 
@@ -55,27 +54,12 @@ TEST_F(OrderList, AConfirmedAmendmentLeavesItsParentAWordByItsFigures) {
     }
 }
 
-TEST_F(OrderList, RefusalsShowButThatOfAnAcceptance) {
-    OpenWith({ExpectedRow("0000001").Open("100")});
-    Feed(Notice("0000001").Result('1'), Notice("0000001").Code('2', '2', '2').Result('2'));
-    EXPECT_TRUE(Silent());
-    Feed(Notice("0000001").Code('2', '1', '1').Result('1'));
-    ExpectChanged({ExpectedRow("0000001").Open("100").Status("Reject")});
-    Feed(Notice("0000002").Code('2', '2', '1').Result('1'));
-    ExpectNew(ExpectedRow("0000002").Status("Reject"));
-}
-
 TEST_F(OrderList, AConfirmationBeforeItsAcceptanceClosesTheParentAtOnce) {
     OpenWith({ExpectedRow("0000001").Open("60").Filled("40", "9"), ExpectedRow("0000005").Open("100")});
     Feed(Cancellation("0000002", "0000001", 60, '2'));
     Expect(Message("U   03", {ExpectedRow("0000001").Open("0").Filled("40", "9").Status("Partial")}));
     Feed(Cancellation("0000006", "0000005", 100, '2'));
     Expect(Message("U   13", {ExpectedRow("0000005").Open("0").Status("Withdrawn")}));
-
-    Feed(Cancellation("0000002", "0000001", 60, '0'));
-    ExpectNew(ExpectedRow("0000002").Ordered("60").Open("60").Status(kCancelUnconfirmedWord));
-    ExpectChanged({ExpectedRow("0000002").Ordered("60").Open("60").Status(kCancelConfirmedWord),
-                   ExpectedRow("0000001").NothingOpen().Filled("40", "9").Status(kBeingFilledWord)});
 }
 
 }  // namespace

@@ -11,8 +11,7 @@ Notice Sending(const std::string& orderNo, int64_t quantity, char action = '1') 
     return Notice(orderNo).Code('1', '0', action).Quantity(quantity);
 }
 
-class FilteredOrders : public OrderScreen {
-protected:
+struct FilteredOrders : OrderScreen {
     FilteredOrders() : OrderScreen("RSORDE22_R") {}
 };
 
@@ -37,18 +36,6 @@ TEST_F(FilteredOrders, AnOrderIsFollowedFromItsSendingWithItsAveragePrice) {
     Feed(Filled("0000001", 300, "1000"));
     EXPECT_TRUE(Silent()) << "an inquiry between makes it no other notice";
     EXPECT_EQ(Told(), Events(6, "view")) << "this list never tells that it has changed";
-}
-
-TEST_F(FilteredOrders, AnAmendmentMakesItsRowWithItsConfirmation) {
-    Open(FilteredInquiry().With(Row("0000001").Open("100")));
-    m_Screen->Next();
-    Feed(Sending("0000002", 80, '2').Parent("0000001"), Amendment("0000002", "0000001", 80, '0'));
-    EXPECT_TRUE(Silent());
-    Feed(Amendment("0000002", "0000001", 80, '2'));
-    ExpectNew(Row("0000002").Ordered("80").Open("80"));
-    ExpectChanged({Row("0000001").Open("0").Status("Amended")});
-    Feed(Cancellation("0000003", "0000002", 80, '2'), Amendment("0000004", "0000002", 80, '2'));
-    ExpectChanged({Row("0000002").Ordered("80").Open("0").Status("Withdrawn")});
 }
 
 TEST_F(FilteredOrders, FiltersKeepNoticesOut) {
@@ -108,23 +95,6 @@ TEST_F(FilteredOrders, TheFirstMessageHasTheInquirysRowsThatPass) {
     EXPECT_TRUE(Silent()) << "a refused inquiry empties the list";
 }
 
-ExpectedRow Done(const std::string& number) {
-    return Row(number).Open("0").Filled("100", Right("7", 15)).Status("Done");
-}
-
-TEST_F(FilteredOrders, ARowThatComesIntoTheFilterIsNewToTheView) {
-    Open(FilteredInquiry().Status('2'));
-    Batch(Sending("0000001", 100), Sending("0000002", 100), Sending("0000003", 100));
-    EXPECT_TRUE(Silent());
-    Batch(Filled("0000002", 100, "7"));
-    ExpectNew(Done("0000002"));
-    Feed(Filled("0000001", 100, "7"));
-    Feed(Filled("0000002", 100, "7"));  // filled beyond: it leaves the filter, which withdraws nothing
-    Batch(Filled("0000003", 100, "7"));
-    ExpectNew(Done("0000003"));
-    EXPECT_TRUE(Silent()) << "the next one waits for another change";
-}
-
 TEST_F(FilteredOrders, AnActionThatTurnsLeavesABlankTail) {
     const std::string shown = Row("0000001").Open("10").Status("Partial");
     Open(FilteredInquiry().Status('4').With(shown).With(Row("0000002").Open("10")));
@@ -139,12 +109,15 @@ TEST_F(FilteredOrders, ShownRowsThatLeaveTheFilterAreWithdrawnFromTheBottom) {
     const auto partial = [](const std::string& number) {
         return Row(number).Open("10").Filled("90", "7").Status("Partial");
     };
+    const auto done = [](const std::string& number) {
+        return Row(number).Open("0").Filled("100", Right("7", 15)).Status("Done");
+    };
     for (const char filter : {'1', '4'}) {
         FilteredInquiry inquiry = FilteredInquiry().Status(filter).With(partial("0000001"));
-        Open(inquiry.With(Done("0000002")).With(partial("0000003")));
+        Open(inquiry.With(done("0000002")).With(partial("0000003")));
         Expect(Message("U  -10", {partial("0000001"), partial("0000003")}));
         Feed(Filled("0000003", 10, "7"), Filled("0000001", 10, "7"));
-        ExpectChanged({Done("0000001"), Done("0000003")});
+        ExpectChanged({done("0000001"), done("0000003")});
         ExpectDeleted(1);
         ExpectDeleted(0);
         Feed(Filled("0000001", 1, "7"));

@@ -5,8 +5,7 @@
 #include "tests/support/orders.h"
 #include "tests/support/terminal.h"
 
-class OrderScreen : public ScreenTest {
-protected:
+struct OrderScreen : ScreenTest {
     explicit OrderScreen(const std::string& map) : ScreenTest(map) { tickhost_set_text("UserID", kUser); }
 
     // The inquiry's rows have gone out already.

@@ -18,8 +18,7 @@ std::string Blank(int from, int to) {
     return blank;
 }
 
-class StockPanelScreen : public ScreenTest {
-protected:
+struct StockPanelScreen : ScreenTest {
     StockPanelScreen() : ScreenTest("RSTRDE01_R") {}
     void Open(const std::string& range, const std::string& fields) {
         ScreenTest::Open(Inquiry("1ASII", range, fields));

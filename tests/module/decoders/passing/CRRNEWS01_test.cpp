@@ -14,8 +14,7 @@ std::string Sent(const std::string& label, const std::string& title, const std::
            Left("ref 1", 10) + Left("ref 2", 6) + category + (code.empty() ? " " : "1") + Left(code, 10);
 }
 
-class NewsScreen : public ScreenTest {
-protected:
+struct NewsScreen : ScreenTest {
     NewsScreen() : ScreenTest("RRNEWS01_R") {}
     template <class Packet>
     void Expect(const Packet& packet, const std::string& sent) {

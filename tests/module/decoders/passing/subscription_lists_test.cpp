@@ -6,8 +6,7 @@
 
 namespace {
 
-class SubscriptionHolder : public ScreenTest {
-protected:
+struct SubscriptionHolder : ScreenTest {
     SubscriptionHolder() : ScreenTest("RDUMMY01_R") {}
     static std::string Inquiry(const Rows& items) { return "H1" + BlockOf(items, "any"); }
 };
@@ -24,8 +23,7 @@ TEST_F(SubscriptionHolder, EachWantedTypeIsARequestInOrderOfTheColumns) {
     EXPECT_EQ(Told(), Events{});
 }
 
-class PassThrough : public ScreenTest {
-protected:
+struct PassThrough : ScreenTest {
     PassThrough() : ScreenTest("RRPASS01_R") {}
     template <class Packet>
     bool Passes(const Packet& packet) {
