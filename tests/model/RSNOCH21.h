@@ -45,15 +45,14 @@ struct RSNOCH21 : Orders {
     }
 
     void InsertRow(const OrderEvent& event, bool confirmed) {
-        const auto order = std::make_shared<Order>(event.Columns);
+        Order order = event.Columns;
         if (confirmed || event.EventCode != '4') {
-            order->Put(kUnfilledQty, event.Quantity);
+            order.Put(kUnfilledQty, event.Quantity);
         }
         if (confirmed) {
-            order->Put(kStatus, "Open");
+            order.Put(kStatus, "Open");
         }
-        order->Mark = 2;
-        List.insert(List.begin(), order);
+        InsertTop(order);
         SendMarked('U', -1, '2');
     }
     void RemoveRow(const OrderPtr& order) {
@@ -130,13 +129,7 @@ struct RSNOCH21 : Orders {
     }
 
     void SendMarked(char operation, int64_t index, char action) {
-        Rows rows;
-        for (const OrderPtr& order : List) {
-            if (order->Mark == (action == '2' ? 2 : 1)) {
-                rows.push_back(order->Row);
-                order->Mark = 0;
-            }
-        }
+        const Rows rows = TakeMarked(action == '2' ? 2 : 1);
         if (!rows.empty() || operation == 'D') {
             SendMessage(operation, index, action, rows, rows.size());
         }

@@ -130,22 +130,21 @@ struct RSORDE22 : Orders {
     }
 
     void InsertRow(const OrderEvent& event) {
-        const auto order = std::make_shared<Order>(event.Columns);
+        Order order = event.Columns;
         const bool sending = event.To == Way::Accept;
         if (event.EventCode == '1' && !sending) {  // a fill without its order
-            order->Put(kOrderPrice, "");
-            order->Put(kOrderQty, "");
-            order->Put(kFillPrice, event.Columns.Get(kOrderPrice));
-            order->Put(kFilledQty, event.Quantity);
-            order->Put(kStatus, "Partial");
+            order.Put(kOrderPrice, "");
+            order.Put(kOrderQty, "");
+            order.Put(kFillPrice, event.Columns.Get(kOrderPrice));
+            order.Put(kFilledQty, event.Quantity);
+            order.Put(kStatus, "Partial");
         } else if (event.EventCode >= '0' && event.EventCode <= '2') {
-            order->Put(kUnfilledQty, event.Quantity);
+            order.Put(kUnfilledQty, event.Quantity);
         }
         if (event.EventCode == '2' && !sending) {
-            order->Put(kStatus, "Open");
+            order.Put(kStatus, "Open");
         }
-        order->Mark = 2;
-        List.insert(List.begin(), order);
+        InsertTop(order);
         SendChanges('2');
     }
 
@@ -157,7 +156,6 @@ struct RSORDE22 : Orders {
                std::any_of(wanted->second.begin(), wanted->second.end(),
                            [&](const std::string& word) { return order.Begins(word); });
     }
-    static bool IsShown(const OrderPtr& order) { return order->Get(kShownMark) == "s"; }
 
     void SendChanges(char action) {
         const bool keepsShown = Inquiry[28] == '1' || Inquiry[28] == '4';
@@ -166,11 +164,11 @@ struct RSORDE22 : Orders {
         std::size_t count = 0;
         for (const OrderPtr& order : List) {
             const bool byWord = PassesByWord(*order);
-            if (!byWord && !(keepsShown && IsShown(order))) {
+            if (!byWord && !(keepsShown && order->Shown)) {
                 order->Mark = 0;
                 continue;
             }
-            if (promotes && byWord && !IsShown(order) && order->Mark != 0 && action == '3') {
+            if (promotes && byWord && !order->Shown && order->Mark != 0 && action == '3') {
                 order->Mark = 2;
                 action = '2';
             }
@@ -178,17 +176,11 @@ struct RSORDE22 : Orders {
             wanted = action == '2' ? 2 : 1;
             count += order->Mark == wanted ? 1 : 0;
         }
-        Rows rows;
         for (const OrderPtr& order : List) {
-            if (count > 0 && order->Mark == wanted) {
-                order->Put(kShownMark, " ");
-                rows.push_back(order->Row);
-                order->Put(kShownMark, "s");
-                order->Mark = 0;
-            }
+            order->Shown |= count > 0 && order->Mark == wanted;
         }
         if (count > 0) {
-            SendMessage('U', -1, action, rows, count);
+            SendMessage('U', -1, action, TakeMarked(wanted), count);
         }
         if (keepsShown) {
             PruneShown();
@@ -196,12 +188,13 @@ struct RSORDE22 : Orders {
     }
     // From the bottom; places are counted among the shown rows.
     void PruneShown() {
-        int64_t place = std::count_if(List.begin(), List.end(), IsShown);
+        int64_t place =
+            std::count_if(List.begin(), List.end(), [](const OrderPtr& order) { return order->Shown; });
         for (std::size_t i = List.size(); i > 0; --i) {
             Order& order = *List[i - 1];
-            place -= IsShown(List[i - 1]) ? 1 : 0;
-            if (IsShown(List[i - 1]) && !PassesByWord(order)) {
-                order.Put(kShownMark, " ");
+            place -= order.Shown ? 1 : 0;
+            if (order.Shown && !PassesByWord(order)) {
+                order.Shown = false;
                 SendMessage('D', place, '3', {}, 0);
             }
         }

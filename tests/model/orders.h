@@ -12,11 +12,12 @@ struct Column {
 };
 inline constexpr Column kDisplayText{6, 12}, kBoard{33, 6}, kOrderPrice{39, 15}, kOrderQty{54, 15},
     kFillPrice{69, 15}, kFilledQty{84, 15}, kUnfilledQty{99, 15}, kStatus{134, 20}, kOrderNo{154, 7},
-    kChannelMark{161, 1}, kShownMark{170, 1};
+    kChannelMark{161, 1};
 
 struct Order : Texts {
     std::string Row;
-    int Mark = 1;  // 0: the view has the row as it is, 1: changed, 2: new
+    int Mark = 1;        // 0: the view has the row as it is, 1: changed, 2: new
+    bool Shown = false;  // by the filtered list: the view has it
 
     std::string Get(Column column) const { return Row.substr(column.At, column.Width); }
     int64_t Number(Column column) const { return Figure(Get(column)); }
@@ -127,6 +128,20 @@ struct Orders : Model {
     }
     int64_t PlaceOf(const OrderPtr& order) const {
         return std::find(List.begin(), List.end(), order) - List.begin();
+    }
+
+    void InsertTop(Order order) {
+        order.Mark = 2;
+        List.insert(List.begin(), std::make_shared<Order>(order));
+    }
+    // The rows of that mark; the view has them then.
+    Rows TakeMarked(int mark) {
+        Rows rows;
+        for (const OrderPtr& order : List) {
+            rows.resize(rows.size() + (order->Mark == mark ? 1 : 0), order->Row);
+            order->Mark = order->Mark == mark ? 0 : order->Mark;
+        }
+        return rows;
     }
 
     // A fill moves the quantities, of the filled one no more than was ordered.

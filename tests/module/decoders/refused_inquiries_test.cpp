@@ -59,6 +59,7 @@ std::vector<Refusal> Refusals() {
         {"RSODER01_R", BookInquiry("1ASII"), kBook, "O2", "O2" + Block("11", "108", bookSide)},
         {"RSORDE21_R", OrdersInquiry(), kFill, lessThanNone, FilledOrder("O2")},
         {"RSORDE22_R", FilteredInquiry(), kFill, "O2", ""},
+        {"RSORDE22_R", FilteredInquiry(), kFill, Left("O2", 67) + Block("-1", "171"), ""},
         {"RSTICK11_R", TickInquiry("1ASII"), kTrade, TickInquiry("1BBCA").Tag("T2").Dates({"", ""}),
          "T2" + Head("..") + Block("1", "38", "20261120090000" + Right("1000", 12))},
         {"RSTRBK01_R", "V1" + Left("1ASII", 19) + Block("0", "62"), kTrade, "V2", ""},

@@ -8,16 +8,6 @@ struct OrderList : OrderScreen {
     OrderList() : OrderScreen("RSORDE21_R") {}
 };
 
-TEST_F(OrderList, AFilledOrderStaysAsDone) {
-    OpenWith({ExpectedRow("0000001").Open("100")});
-    Feed(Filled("0000001", 60, "995"), Filled("0000001", 40, "990"));
-    ExpectChanged({ExpectedRow("0000001").Filled("100", "990").Open("0").Status("Done")});
-    Feed(Filled("0000001", 10, "980"));
-    ExpectChanged({ExpectedRow("0000001").Filled("100", "980").Open("0").Status("")});
-    Feed(Notice("0000001").Code('2', '2', '4'));
-    ExpectChanged({ExpectedRow("0000001").Filled("100", "980").NothingOpen().Status(kCancelConfirmedWord)});
-}
-
 TEST_F(OrderList, ANoticeThatIsRepeatedCountsOnce) {
     OpenWith({ExpectedRow("0000001").Open("100")});
     // Up to a zero byte; the quantity stands behind it.

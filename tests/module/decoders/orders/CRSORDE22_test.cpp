@@ -78,23 +78,6 @@ TEST_F(FilteredOrders, LotsAndChannelsHaveTheirOwnRules) {
     EXPECT_EQ(mark("3BRANCH", "1") + mark("3BRANCH", "21") + mark("TRADER3", "1"), "WDD");
 }
 
-TEST_F(FilteredOrders, TheFirstMessageHasTheInquirysRowsThatPass) {
-    const std::string open = Row("0000001").Open("10");
-    const std::string done = Row("0000002").Status("Done");
-    Open(FilteredInquiry().Status('1').With(open).With(done));
-    Expect(Message("U  -10", {open}));
-    Open(FilteredInquiry().Status('3').With(open).With(done));
-    EXPECT_TRUE(Silent()) << "no row, no message";
-    Open(FilteredInquiry().Status('7').With(open).With(done));
-    Expect(Message("U  -10", {open, done}));
-
-    std::string negative = FilteredInquiry();
-    negative.replace(2 + offsetof(FilteredOrdersInit, Repeat), 4, "  -1");
-    Feed(Filled("0000001", 1, "1"));
-    EXPECT_EQ(Init(negative), 0);
-    EXPECT_TRUE(Silent()) << "a refused inquiry empties the list";
-}
-
 TEST_F(FilteredOrders, AnActionThatTurnsLeavesABlankTail) {
     const std::string shown = Row("0000001").Open("10").Status("Partial");
     Open(FilteredInquiry().Status('4').With(shown).With(Row("0000002").Open("10")));
