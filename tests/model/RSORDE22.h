@@ -59,10 +59,9 @@ struct RSORDE22 : Orders {
     char ChannelMark(const OrderPacket& notice) override {
         static const std::map<std::string, char> marks = {{"M1", 'M'}, {"M2", 'M'}, {"M3", 'M'}, {"00", 'D'},
                                                           {"03", 'D'}, {"21", 'A'}, {"T1", 'T'}};
-        const auto mark = marks.find(Text(notice.ChannelCode));
-        const bool own =
-            mark != marks.end() && mark->first == "03" && In.MenuGrade == '1' && notice.UserId[0] == '3';
-        return own ? 'W' : mark == marks.end() ? 'H' : mark->second;
+        const std::string code = Text(notice.ChannelCode);
+        const bool own = code == "03" && In.MenuGrade == '1' && notice.UserId[0] == '3';
+        return own ? 'W' : marks.count(code) == 0 ? 'H' : marks.at(code);
     }
 
     void Accept(const OrderEvent& event) override {

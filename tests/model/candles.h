@@ -8,7 +8,7 @@
 struct ChartKind {
     bool IsIndex;
     std::size_t KeySize, PriceSize, VolumeSize, ValueSize;
-    double NoLow;           // where Init resets, and behind a bar that closes
+    double NoLow;
     double NoLowAfterRoll;  // in Rollover, and where Init finds a finished candle
 };
 inline constexpr ChartKind kStockChart = {false, 11, 8, 10, 10, 999999999, 999999999};

@@ -44,6 +44,16 @@ TEST_F(OrderList, AConfirmedAmendmentLeavesItsParentAWordByItsFigures) {
     }
 }
 
+TEST_F(OrderList, RefusalsShowButThatOfAnAcceptance) {
+    OpenWith({ExpectedRow("0000001").Open("100")});
+    Feed(Notice("0000001").Result('1'));
+    EXPECT_TRUE(Silent());
+    Feed(Notice("0000001").Code('2', '1', '1').Result('1'));
+    ExpectChanged({ExpectedRow("0000001").Open("100").Status("Reject")});
+    Feed(Notice("0000002").Code('2', '2', '1').Result('1'));
+    ExpectNew(ExpectedRow("0000002").Status("Reject"));
+}
+
 TEST_F(OrderList, AConfirmationBeforeItsAcceptanceClosesTheParentAtOnce) {
     OpenWith({ExpectedRow("0000001").Open("60").Filled("40", "9"), ExpectedRow("0000005").Open("100")});
     Feed(Cancellation("0000002", "0000001", 60, '2'));

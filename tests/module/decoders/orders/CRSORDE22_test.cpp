@@ -38,6 +38,16 @@ TEST_F(FilteredOrders, AnOrderIsFollowedFromItsSendingWithItsAveragePrice) {
     EXPECT_EQ(Told(), Events(6, "view")) << "this list never tells that it has changed";
 }
 
+TEST_F(FilteredOrders, AnAmendmentMakesItsRowWithItsConfirmation) {
+    Open(FilteredInquiry().With(Row("0000001").Open("100")));
+    m_Screen->Next();
+    Feed(Sending("0000002", 80, '2').Parent("0000001"));
+    EXPECT_TRUE(Silent());
+    Feed(Amendment("0000002", "0000001", 80, '2'));
+    ExpectNew(Row("0000002").Ordered("80").Open("80"));
+    ExpectChanged({Row("0000001").Open("0").Status("Amended")});
+}
+
 TEST_F(FilteredOrders, FiltersKeepNoticesOut) {
     const auto passes = [this](const FilteredInquiry& filter, const Notice& notice) {
         Open(filter);

@@ -22,9 +22,7 @@ struct OrderScreen : ScreenTest {
         EndBatch();
         Expect(Message("U  -13", rows));
     }
-    void ExpectDeleted(int place, const Rows& changed = {}) {
-        Expect(Message("D" + Right(std::to_string(place), 4) + "3", changed));
-    }
+    void ExpectDeleted(int place) { Expect(Message("D" + Right(std::to_string(place), 4) + "3", {})); }
     // Of a listed order, by its word: the word behind it, or "gone".
     void ExpectAcceptances(const std::vector<std::pair<std::string, std::string>>& words) {
         for (const auto& [before, after] : words) {
