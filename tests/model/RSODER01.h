@@ -107,7 +107,7 @@ struct RSODER01 : Model {
 
     std::string Key, Reserved;
     std::vector<Half> Halves = std::vector<Half>(22);  // side 1 and side 2 of level 0, of level 1 ...
-    std::vector<HalfColors> Colors;                        // as they were last written
+    std::vector<HalfColors> Colors;                    // as they were last written
     int32_t CurPrice = -1, BasePrice = -1;             // -1: none came
 };
 

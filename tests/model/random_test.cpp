@@ -12,12 +12,14 @@
 #include "module/layouts/RSFLDN01.h"
 #include "module/layouts/RSITST01.h"
 #include "module/layouts/RSODER01.h"
+#include "module/layouts/RSTRBK01.h"
 #include "tests/model/RSFLDN01.h"
 #include "tests/model/RSITST01.h"
 #include "tests/model/RSNOCH21.h"
 #include "tests/model/RSODER01.h"
 #include "tests/model/RSORDE21.h"
 #include "tests/model/RSORDE22.h"
+#include "tests/model/RSTRBK01.h"
 #include "tests/model/candles.h"
 #include "tests/support/inquiries.h"
 #include "tests/support/market.h"
@@ -120,6 +122,12 @@ struct Life : Dice {
         return "I1" + Of({"  7", "012"}) + BlockOfSome(count, "178", [this] {
                    return Char("1112 3x") + Left(Stock().substr(1), 10) +
                           Fields({2, 12, 1, 2, 9, 2, 9, 2, 15, 2, 15, 15, 15, 15, 2, 15, 2, 15, 2, 15});
+               });
+    }
+    std::string PriceTable() {
+        return "V1" + Left(Of({"1ASII", "1ASII", "1BBCA"}), 19) +
+               BlockOfSome(Below(5), Chance(95) ? "62" : "60", [this] {
+                   return Fields({2, 15, 15, 15, 15});
                });
     }
     std::string Monitor() { return "M1unread.."; }
@@ -263,7 +271,12 @@ const MapForm kMaps[] = {
     {"RSODER01_R", "AB", &Life::OrderBook, Make<RSODER01>, ShowsRows<PlainRows, BookRow>},
     {"RSORDE21_R", "0", &Life::OpenOrders, Make<RSORDE21>, ShowsRows<OrderMessage, OrderRow>},
     {"RSORDE22_R", "0", &Life::FilteredOrders, Make<RSORDE22>, ShowsRows<OrderMessage, OrderRow>},
+    {"RSTRBK01_R", "A", &Life::PriceTable, Make<RSTRBK01>, ShowsRows<PlainRows, PriceRow>},
 };
+
+void PrintTo(const MapForm& form, std::ostream* out) {
+    *out << form.Map;
+}
 
 class RandomLives : public testing::TestWithParam<MapForm> {
 protected:

@@ -89,8 +89,9 @@ TEST_F(ScreensTest, LadderAlarmsAndGroups) {
                            "  Side2  total                  8      +8\n"
                            "  Side1  total                 50     +50\n\nRSITST01_R "))
         << images;
-    for (const char* part : {"\n          ELSE\n  silent  ASII  4             995  5  ", "\n  armed   ASII   ",
-                             "  Broker2\n  090000  00000001  ASII  4             995  5  "}) {
+    for (const char* part :
+         {"\n          ELSE\n  silent  ASII  4             995  5  ", "\n  armed   ASII   ",
+          "  Broker2\n  090000  00000001  ASII  4             995  5  "}) {
         EXPECT_NE(images.find(part), std::string::npos) << part << images;
     }
     EXPECT_NE(Summary.find("  request K11OI060, 52 bytes: \"   311ASII      "
