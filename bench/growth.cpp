@@ -3,6 +3,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <functional>
+
 #include "bench/support/monitor_terminal.h"
 #include "bench/support/orders.h"
 #include "bench/support/session.h"
@@ -11,17 +14,27 @@ namespace {
 
 constexpr int kPackets = 1024;
 
-bench::Script Screens(unsigned size) {
+// Tick lists of up to a thousand stocks, in batches of eight.
+bench::Script TickLists(unsigned size, const std::function<std::string(Market&)>& traded) {
+    constexpr unsigned kStocks = 1000;
     Market market(1);
     bench::Script script;
-    for (unsigned stock = 0; stock < size; ++stock) {
-        script.Screens.push_back({"RSTICK11_R", TickInquiry(StockOf(stock)).Dates({})});
+    for (unsigned screen = 0; screen < size; ++screen) {
+        script.Screens.push_back({"RSTICK11_R", TickInquiry(StockOf(screen % kStocks)).Dates({})});
     }
     for (int i = 0; i < 64; ++i) {
-        script.Feed.push_back(market.NextTrade("1OTHER").Bytes());
+        script.Feed.push_back(market.NextTrade(traded(market)).Bytes());
     }
     script.nBatch = 8;
     return script;
+}
+
+bench::Script Screens(unsigned size) {
+    return TickLists(size, [](Market& /*market*/) { return "1OTHER"; });
+}
+
+bench::Script FollowedScreens(unsigned size) {
+    return TickLists(size, [size](Market& market) { return StockOf(market.Below(std::min(size, 1000U))); });
 }
 
 bench::Script BoardRows(unsigned size) {
@@ -125,7 +138,8 @@ void Register(const std::string& what, bench::Script (*make)(unsigned size),
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    Register("screens of other keys", Screens, {1, 10, 100, 1000, 10000});
+    Register("screens of other keys", Screens, {1, 10, 100, 1000, 10000, 100000});
+    Register("screens of the traded stocks", FollowedScreens, {1, 10, 100, 1000, 10000, 100000});
     Register("rows of a board", BoardRows, {1, 10, 50, 100, 200});
     Register("rows of an order list", OrderRows, {10, 100, 1000, 9999});
     Register("prices of the volume table", Prices, {10, 100, 1000, 5000});

@@ -49,9 +49,10 @@ public:
     }
 
     // The items behind move up.
-    void Remove(const T& item) {
-        T* const end = m_pItems.get() + m_nSize;
-        m_nSize = static_cast<std::size_t>(std::remove(m_pItems.get(), end, item) - m_pItems.get());
+    void RemoveAt(std::size_t place) {
+        assert(place < m_nSize);
+        std::copy(m_pItems.get() + place + 1, m_pItems.get() + m_nSize, m_pItems.get() + place);
+        --m_nSize;
     }
 
     void Clear() { m_nSize = 0; }

@@ -19,19 +19,21 @@ tagMAPINFO* MapOf(tickmux_handle handle) {
     return reinterpret_cast<tagMAPINFO*>(handle);
 }
 
-template <std::size_t Room>
-void CopyName(char (&dst)[Room], const char* src) {
-    const std::size_t length = std::min(std::strlen(src), Room - 1);
-    std::memcpy(dst, src, length);
-    dst[length] = '\0';
-}
-
 bool IsPacketType(char type) {
     return type >= kFirstPacketType && type <= kLastPacketType;
 }
 
 std::size_t TypeIndex(char type) {
     return static_cast<std::size_t>(type - kFirstPacketType);
+}
+
+// The place of the first one that was registered behind the serial.
+std::size_t FirstBehind(const PlainArray<CRTMPacketDecoder*>& list, uint64_t serial) {
+    const auto isBehind = [](uint64_t known, const CRTMPacketDecoder* each) {
+        return known < each->Serial();
+    };
+    CRTMPacketDecoder* const* const first = list.Data();
+    return static_cast<std::size_t>(std::upper_bound(first, first + list.Size(), serial, isBehind) - first);
 }
 
 const DecoderFactoryEntry* FindFactory(const char* mapName) {
@@ -48,8 +50,9 @@ const DecoderFactoryEntry* FindFactory(const char* mapName) {
 CRTMMapManager::CRTMMapManager() {
     // The manager's own address names the type guard.
     constexpr int kHex = 16;
-    std::to_chars(m_szTypeMutexName, m_szTypeMutexName + kMutexNameRoom - 1,
-                  reinterpret_cast<uintptr_t>(this), kHex);
+    char address[2 * sizeof(this) + 1] = "";
+    std::to_chars(std::begin(address), std::end(address) - 1, reinterpret_cast<uintptr_t>(this), kHex);
+    m_TypeMutex.SetName(address);
     // The grade is read this once; it holds as long as the module is loaded.
     const std::size_t mark = sizeof(kGradeWithoutSubscriptions) - 1;
     m_bQueryEnabled = std::strncmp(CQelData21::GetUserGrade(), kGradeWithoutSubscriptions, mark) != 0;
@@ -61,7 +64,7 @@ CRTMMapManager::~CRTMMapManager() {
 
 // NOLINTNEXTLINE(readability-non-const-parameter): the exported name has it so
 void CRTMMapManager::SetMutexName(char* name) {
-    CopyName(m_szMutexName, name == nullptr ? "" : name);
+    m_Mutex.SetName(name == nullptr ? "" : name);
 }
 
 // ------------------------------------------------------------------ life of a map
@@ -80,10 +83,9 @@ tickmux_handle CRTMMapManager::RegistMapDecoder(HWND hWnd, const char* mapName) 
         return 0;
     }
     if (EnterTypeLists(*map, map->pDecoder->GetPacketTypes())) {
-        const MutexGuard guard(m_szMutexName);
-        if (tagMAPINFO** place = m_MapList.Append()) {
-            *place = map.release();
-            return reinterpret_cast<tickmux_handle>(*place);
+        const MutexGuard guard(m_Mutex);
+        if (EnterMapList(map.get())) {
+            return reinterpret_cast<tickmux_handle>(map.release());
         }
     }
     LeaveTypeLists(*map);
@@ -96,28 +98,39 @@ void CRTMMapManager::RegistPacketType(tagMAPINFO* map, char* types) {
     }
 }
 
-// False if memory fails; the lists entered so far are noted with the map all the same.
+// False if memory fails; the lists entered so far are noted with the map all the same. Who follows one key is
+// found by it, and stands in no list.
 bool CRTMMapManager::EnterTypeLists(tagMAPINFO& map, const char* types) {
-    const MutexGuard guard(m_szTypeMutexName);
+    const MutexGuard guard(m_TypeMutex);
+    CRTMPacketDecoder& decoder = *map.pDecoder;
+    if (decoder.Serial() == 0) {
+        m_nLastSerial = ++m_Lists.nChanges;
+        decoder.SetSerial(m_nLastSerial);
+    }
     for (const char* type = types; *type != '\0'; ++type) {
-        if (!IsPacketType(*type) || map.posType[TypeIndex(*type)]) {
+        // A type that the class has no handler for never reaches it.
+        if (!IsPacketType(*type) || map.posType[TypeIndex(*type)] || decoder.PayloadLength(*type) == 0) {
             continue;
         }
-        CRTMPacketDecoder** place = m_TypeList[TypeIndex(*type)].Append();
-        if (place == nullptr) {
+        if (decoder.HasKey()) {
+            m_KeyMask[TypeIndex(*type)] = decoder.KeyMask(*type);
+        } else if (CRTMPacketDecoder** place = m_TypeList[TypeIndex(*type)].Append()) {
+            *place = &decoder;
+        } else {
             return false;
         }
-        *place = map.pDecoder.get();
         map.posType.set(TypeIndex(*type));
     }
     return true;
 }
 
 void CRTMMapManager::LeaveTypeLists(tagMAPINFO& map) {
-    const MutexGuard guard(m_szTypeMutexName);
-    for (std::size_t index = 0; index < map.posType.size(); ++index) {
+    const MutexGuard guard(m_TypeMutex);
+    const CRTMPacketDecoder& decoder = *map.pDecoder;
+    ++m_Lists.nChanges;
+    for (std::size_t index = 0; index < map.posType.size() && !decoder.HasKey(); ++index) {
         if (map.posType[index]) {
-            m_TypeList[index].Remove(map.pDecoder.get());
+            m_TypeList[index].RemoveAt(FirstBehind(m_TypeList[index], decoder.Serial() - 1));
         }
     }
 }
@@ -130,7 +143,7 @@ int CRTMMapManager::UnregistMapDecoder(tickmux_handle handle) {
     // Out of the type lists before it is destroyed: a decoder withdraws its subscriptions then, and the
     // communication manager that hears of it may feed packets.
     LeaveTypeLists(*map);
-    const MutexGuard guard(m_szMutexName);
+    const MutexGuard guard(m_Mutex);
     Destroy(map.get());
     return 1;
 }
@@ -138,7 +151,12 @@ int CRTMMapManager::UnregistMapDecoder(tickmux_handle handle) {
 // The decoder is off its record before it gives up what it has asked for: who calls back then finds a map
 // that goes.
 void CRTMMapManager::Destroy(tagMAPINFO* map) {
-    RemoveFromMapList(map);
+    const std::size_t place = map->pDecoder->Place();
+    map->pDecoder->SetActive(0);
+    map->pDecoder->Sit(nullptr, 0);
+    m_Lists.Changed.Unmark(place);
+    m_MapList[place] = nullptr;
+    --m_nMaps;
     const std::unique_ptr<CRTMPacketDecoder> decoder = std::move(map->pDecoder);
     decoder->Release();
 }
@@ -148,7 +166,7 @@ int CRTMMapManager::InitMapDecoder(tickmux_handle handle, char* buffer) {
     if (handle == 0) {
         AfxThrowInvalidArgException();
     }
-    const MutexGuard guard(m_szMutexName);
+    const MutexGuard guard(m_Mutex);
     CRTMPacketDecoder* decoder = MapOf(handle)->pDecoder.get();
     if (decoder == nullptr || m_bClearing) {
         return 0;  // who hears of a map that goes must not have it ask for anything anew
@@ -166,7 +184,7 @@ int CRTMMapManager::StopMapDecoder(tickmux_handle handle) {
     if (handle == 0) {
         return 0;
     }
-    const MutexGuard guard(m_szMutexName);
+    const MutexGuard guard(m_Mutex);
     CRTMPacketDecoder* decoder = MapOf(handle)->pDecoder.get();
     if (decoder == nullptr) {
         return 0;
@@ -180,7 +198,7 @@ int CRTMMapManager::ReleaseMapDecoder(tickmux_handle handle) {
     if (handle == 0) {
         return 0;
     }
-    const MutexGuard guard(m_szMutexName);
+    const MutexGuard guard(m_Mutex);
     CRTMPacketDecoder* decoder = MapOf(handle)->pDecoder.get();
     if (decoder == nullptr) {
         return 0;
@@ -200,27 +218,68 @@ CRTMPacketDecoder* CRTMMapManager::GetPacketDecoder(tickmux_handle handle) {
 void CRTMMapManager::ClearMap() {
     m_bClearing = true;
     {
-        const MutexGuard guard(m_szTypeMutexName);
-        for (PlainArray<CRTMPacketDecoder*>& list : m_TypeList) {
+        const MutexGuard guard(m_TypeMutex);
+        for (TypeList& list : m_TypeList) {
             list.Clear();
         }
     }
-    const MutexGuard guard(m_szMutexName);
-    while (!m_MapList.Empty()) {
-        const std::unique_ptr<tagMAPINFO> map(m_MapList[0]);
-        Destroy(map.get());
+    const MutexGuard guard(m_Mutex);
+    for (std::size_t place = 0; place < m_MapList.Size(); ++place) {
+        if (m_MapList[place] != nullptr) {
+            const std::unique_ptr<tagMAPINFO> map(m_MapList[place]);
+            Destroy(map.get());
+        }
     }
+    m_MapList.Clear();
     m_bClearing = false;
 }
 
-// A window may close screens from within a batch end, which then goes on with the one that follows.
-void CRTMMapManager::RemoveFromMapList(tagMAPINFO* map) {
-    tagMAPINFO** const first = m_MapList.Data();
-    const auto place = static_cast<std::size_t>(std::find(first, first + m_MapList.Size(), map) - first);
-    m_MapList.Remove(map);
-    for (BatchEnd* end = m_pBatchEnd; end != nullptr; end = end->pOuter) {
-        end->nNext -= place < end->nNext ? 1 : 0;
+// ------------------------------------------------------------------ the map list
+
+bool CRTMMapManager::EnterMapList(tagMAPINFO* map) {
+    CloseGaps();
+    if (!m_Lists.Changed.MakeRoom(m_MapList.Size() + 1)) {
+        return false;
     }
+    tagMAPINFO** place = m_MapList.Append();
+    if (place == nullptr) {
+        return false;
+    }
+    *place = map;
+    map->pDecoder->Sit(&m_Lists, m_MapList.Size() - 1);
+    m_Lists.Following.MakeRoom(++m_nMaps);
+    return true;
+}
+
+// Once gaps are more than maps the maps move up; a batch end that is under way goes on with the one that
+// would have been next.
+void CRTMMapManager::CloseGaps() {
+    constexpr std::size_t kFewGaps = 8;
+    if (m_MapList.Size() - m_nMaps <= std::max(kFewGaps, m_nMaps)) {
+        return;
+    }
+    const auto moveBatchEnds = [this](std::size_t from, std::size_t to) {
+        for (BatchEnd* end = m_pBatchEnd; end != nullptr; end = end->pOuter) {
+            end->nNext = end->nNext == from ? to : end->nNext;
+        }
+    };
+    std::size_t to = 0;
+    for (std::size_t from = 0; from < m_MapList.Size(); ++from) {
+        moveBatchEnds(from, to);
+        tagMAPINFO* const map = m_MapList[from];
+        if (map == nullptr) {
+            continue;
+        }
+        const bool changed = m_Lists.Changed.IsMarked(from);
+        m_Lists.Changed.Unmark(from);
+        map->pDecoder->Sit(&m_Lists, to);
+        if (changed) {
+            m_Lists.Changed.Mark(to);
+        }
+        m_MapList[to++] = map;
+    }
+    moveBatchEnds(m_MapList.Size(), to);
+    m_MapList.Resize(to);
 }
 
 // ------------------------------------------------------------------ the packet path
@@ -228,35 +287,71 @@ void CRTMMapManager::RemoveFromMapList(tagMAPINFO* map) {
 // NOLINTNEXTLINE(readability-non-const-parameter): the exported name has it so
 int CRTMMapManager::PutRTMPacket(char* packet, int length) {
     // The shortest payload is longer than a key's head: what is shorter fits no slot.
-    constexpr auto kShortest = static_cast<int>(1 + KeyFilter::kHeadSize);
+    constexpr auto kShortest = static_cast<int>(1 + sizeof(uint64_t));
     if (packet == nullptr || length < kShortest || !IsPacketType(*packet)) {
         return 1;
     }
-    uint64_t head = 0;
-    std::memcpy(&head, packet + 1, sizeof(head));
-    // By index, since a window that is told of a row may open a screen, which makes the list longer. Whether
-    // somebody comes next is asked before the call: the last one stays the last for this packet.
-    const PlainArray<CRTMPacketDecoder*>& list = m_TypeList[TypeIndex(*packet)];
-    bool more = !list.Empty();
-    for (std::size_t i = 0; more && i < list.Size(); ++i) {
-        more = i + 1 < list.Size();
-        CRTMPacketDecoder* decoder = list[i];
-        if (decoder->Awaits(head)) {
+    const TypeList& others = m_TypeList[TypeIndex(*packet)];
+    Walk next{m_Lists.Following.FirstOf(KeyHeadOf(packet)), 0};
+    uint64_t changes = m_Lists.nChanges;
+    // Followers and others are taken in order of registration.
+    while (true) {
+        CRTMPacketDecoder* decoder = nullptr;
+        if (next.nOther < others.Size() &&
+            (next.pFollower == nullptr || others[next.nOther]->Serial() < next.pFollower->Serial())) {
+            decoder = others[next.nOther++];
+        } else if (next.pFollower != nullptr) {
+            decoder = static_cast<CRTMPacketDecoder*>(next.pFollower);
+            next.pFollower = Followers::NextOf(*next.pFollower);
+        } else {
+            return 1;
+        }
+        if (decoder->IsActive() != 0) {
             decoder->CRTMPacketDecoder::PutPacket(packet, length);
         }
+        if (m_Lists.nChanges.load(std::memory_order_relaxed) != changes) {
+            // A window was told of a row, and has opened, closed or turned screens.
+            next = NextBehind(decoder->Serial(), packet, changes);
+            changes = m_Lists.nChanges;
+        }
     }
-    return 1;
+}
+
+uint64_t CRTMMapManager::KeyHeadOf(const char* packet) const {
+    uint64_t head = 0;
+    std::memcpy(&head, packet + 1, sizeof(head));
+    return head & m_KeyMask[TypeIndex(*packet)];
+}
+
+CRTMMapManager::Walk CRTMMapManager::NextBehind(uint64_t serial, const char* packet, uint64_t changes) const {
+    const TypeList& others = m_TypeList[TypeIndex(*packet)];
+    // Who was the last before it was called stays the last for this packet, whoever was registered meanwhile.
+    const auto stoodBehind = [&](const tagMAPINFO* map) {
+        return map != nullptr && map->posType[TypeIndex(*packet)] && map->pDecoder->Serial() > serial &&
+               map->pDecoder->Serial() <= changes;
+    };
+    if (m_nLastSerial > changes &&
+        std::none_of(m_MapList.Data(), m_MapList.Data() + m_MapList.Size(), stoodBehind)) {
+        return {nullptr, others.Size()};
+    }
+    Follower* follower = m_Lists.Following.FirstOf(KeyHeadOf(packet));
+    while (follower != nullptr && follower->Serial() <= serial) {
+        follower = Followers::NextOf(*follower);
+    }
+    return {follower, FirstBehind(others, serial)};
 }
 
 void CRTMMapManager::EndRTMUnpack() {
     BatchEnd end{0, m_pBatchEnd};
     m_pBatchEnd = &end;
-    for (std::size_t next = 0; next < m_MapList.Size();) {
-        CRTMPacketDecoder* decoder = m_MapList[next++]->pDecoder.get();
+    for (std::size_t place = m_Lists.Changed.FirstFrom(0); place < m_MapList.Size();
+         place = m_Lists.Changed.FirstFrom(end.nNext)) {
+        end.nNext = place + 1;
+        CRTMPacketDecoder* decoder = m_MapList[place]->pDecoder.get();
         if (decoder->AwaitsBatchEnd()) {
-            end.nNext = next;
             decoder->EndBatch();
-            next = end.nNext;
+        } else {
+            m_Lists.Changed.Unmark(place);
         }
     }
     m_pBatchEnd = end.pOuter;

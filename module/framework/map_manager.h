@@ -13,6 +13,8 @@
 #include <memory>
 
 #include "module/containers/plain_array.h"
+#include "module/framework/guard.h"
+#include "module/framework/packet_decoder.h"
 #include "module/framework/subscription.h"
 #include "module/framework/tickmux.h"
 #include "module/wire/packets.h"
@@ -68,10 +70,20 @@ protected:
     TICKMUX_API int SendQuery(tagRTMTRSTCDINFO* record);
 
 private:
+    // Who takes a packet type and follows no single key, in order of registration.
+    using TypeList = PlainArray<CRTMPacketDecoder*>;
     bool EnterTypeLists(tagMAPINFO& map, const char* types);
     void LeaveTypeLists(tagMAPINFO& map);
+    bool EnterMapList(tagMAPINFO* map);
+    void CloseGaps();
+    // Who comes next on a packet's way: of those who follow its key, and of those in its type's list.
+    struct Walk {
+        Follower* pFollower;
+        std::size_t nOther;
+    };
+    Walk NextBehind(uint64_t serial, const char* packet, uint64_t changes) const;
+    uint64_t KeyHeadOf(const char* packet) const;
     void Destroy(tagMAPINFO* map);
-    void RemoveFromMapList(tagMAPINFO* map);
 
     // A walk over the maps; a window that closes a batch from within its message begins one within another.
     struct BatchEnd {
@@ -79,15 +91,19 @@ private:
         BatchEnd* pOuter;
     };
 
-    static constexpr std::size_t kMutexNameRoom = 20;
-
-    PlainArray<tagMAPINFO*> m_MapList;  // in order of registration; the manager owns what they point to
-    BatchEnd* m_pBatchEnd = nullptr;    // the innermost that runs
-    char m_szMutexName[kMutexNameRoom] = "";
-    char m_szTypeMutexName[kMutexNameRoom] = "";
-    bool m_bQueryEnabled;                                     // the user's grade allows subscriptions
-    bool m_bClearing = false;                                 // all maps are going
-    PlainArray<CRTMPacketDecoder*> m_TypeList[kPacketTypes];  // who takes a type, in order of registration
+    // In order of registration; the manager owns what they point to. Null: a map that went.
+    PlainArray<tagMAPINFO*> m_MapList;
+    std::size_t m_nMaps = 0;
+    uint64_t m_nLastSerial = 0;  // of the latest registration; a count of changes as well
+    ManagerLists m_Lists;
+    BatchEnd* m_pBatchEnd = nullptr;  // the innermost that runs
+    NamedMutex m_Mutex;               // of the map guard
+    NamedMutex m_TypeMutex;           // of the type guard
+    bool m_bQueryEnabled;             // the user's grade allows subscriptions
+    bool m_bClearing = false;         // all maps are going
+    TypeList m_TypeList[kPacketTypes];
+    uint64_t m_KeyMask[kPacketTypes] =
+        {};  // of a payload's first bytes; 0 until somebody takes the type, or without key
 };
 
 extern CRTMMapManager g_RTMMapManager;

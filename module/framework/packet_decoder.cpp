@@ -24,24 +24,59 @@ int CRTMPacketDecoder::Init(const char* buffer) {
     return OnInit(in);
 }
 
+void CRTMPacketDecoder::SetActive(int active) {
+    m_bActive = active;
+    LeaveChain();
+    if (active != 0) {
+        EnterChain();
+    }
+}
+
+// A decoder is in the chain of its key as long as it is active.
+void CRTMPacketDecoder::EnterChain() {
+    if (m_bHasKey && m_pLists != nullptr) {
+        m_pLists->Following.Enter(*this, m_nKeyHead);
+        m_bInChain = true;
+    }
+}
+
+void CRTMPacketDecoder::LeaveChain() {
+    if (m_bInChain) {
+        m_pLists->Following.Leave(*this);
+        m_bInChain = false;
+    }
+}
+
+void CRTMPacketDecoder::FollowHead(uint64_t head) {
+    m_nKeyHead = head;
+    if (m_bInChain) {
+        LeaveChain();
+        EnterChain();
+    }
+}
+
 void CRTMPacketDecoder::Stop() {
-    m_bActive = 0;
+    SetActive(0);
     m_bChanged = 0;
     m_bStopped = 1;
     OnStop();
 }
 
 void CRTMPacketDecoder::Release() {
-    m_bActive = 0;
+    SetActive(0);
     m_bChanged = 0;
     OnRelease();
 }
 
 void CRTMPacketDecoder::EndUnpack() {
-    if (m_bChanged != 0 && m_bStopped == 0) {
-        m_bChanged = 0;
-        OnEndUnpack();
+    if (m_bChanged == 0 || m_bStopped != 0) {
+        return;
     }
+    m_bChanged = 0;
+    if (m_nUntold == 0 && m_pLists != nullptr) {
+        m_pLists->Changed.Unmark(m_nPlace);
+    }
+    OnEndUnpack();
 }
 
 void CRTMPacketDecoder::ClearViewQueue() {
@@ -75,6 +110,7 @@ void CRTMPacketDecoder::TellWindow() {
         --m_nUntold;
         if (SendNotifyMessageA(m_hWnd, WM_TICKMUX_VIEW, reinterpret_cast<WPARAM>(&m_ViewQueue), 0) == FALSE) {
             ++m_nUntold;
+            AwaitBatchEnd();
             return;
         }
     }

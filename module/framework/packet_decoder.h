@@ -10,23 +10,28 @@
 #ifndef TICKMUX_MODULE_FRAMEWORK_PACKET_DECODER_H
 #define TICKMUX_MODULE_FRAMEWORK_PACKET_DECODER_H
 
+#include <algorithm>
+#include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <new>
 #include <utility>
 
 #include "host/platform/platform.h"
 #include "host/services/services.h"
+#include "module/framework/changed_places.h"
+#include "module/framework/followers.h"
 #include "module/framework/init_reader.h"
-#include "module/framework/key_filter.h"
 #include "module/framework/view_buffer.h"
 #include "module/wire/packets.h"
 
 class CRTMPacketDecoder;
 
-// What a decoder class does with one packet type: the length that the payload must have, and the handler. No
-// handler: the type is not taken.
+// What a decoder class does with one packet type: the length that the payload must have, which of its first
+// eight bytes are a key's, and the handler. No handler: the type is not taken.
 struct PacketSlot {
     int32_t Length;
+    uint64_t KeyMask;
     int (*Handler)(CRTMPacketDecoder& decoder, const char* payload);
 };
 
@@ -36,7 +41,15 @@ struct PacketSlots {
     char Types[kPacketTypes + 1];
 };
 
-class CRTMPacketDecoder {
+// By which the manager finds decoders again. Chains and places change under the map guard, the count of
+// changes under the type guard as well.
+struct ManagerLists {
+    std::atomic<uint64_t> nChanges = 0;  // of what a packet's walk goes by
+    Followers Following{nChanges};
+    ChangedPlaces Changed;
+};
+
+class CRTMPacketDecoder : public Follower {
 public:
     CRTMPacketDecoder(const CRTMPacketDecoder&) = delete;
     CRTMPacketDecoder& operator=(const CRTMPacketDecoder&) = delete;
@@ -58,6 +71,7 @@ public:
     std::size_t PayloadLength(char type) const {
         return static_cast<std::size_t>(m_Slots.Slots[type - kFirstPacketType].Length);
     }
+    uint64_t KeyMask(char type) const { return m_Slots.Slots[type - kFirstPacketType].KeyMask; }
     const char* GetPacketTypes() const { return m_Slots.Types; }
 
     // True: the batch end has something to send or to tell.
@@ -67,12 +81,25 @@ public:
         TellWindow();
         EndUnpack();
     }
-    // False: the decoder is not active, or it follows one key and the payload begins otherwise.
-    bool Awaits(uint64_t payloadHead) const { return m_bActive != 0 && m_KeyFilter.Admits(payloadHead); }
-
     // The result of the last Init; the manager passes packets while it is not 0.
     int IsActive() const { return m_bActive; }
-    void SetActive(int active) { m_bActive = active; }
+    void SetActive(int active);
+
+    // True: it follows one key, by which the fan-out finds it.
+    bool HasKey() const { return m_bHasKey; }
+    // The key that it follows from now on.
+    template <class Key>
+    void Follow(const Key& key) {
+        m_bHasKey = true;
+        FollowHead(HeadOf(key));
+    }
+
+    // Where it stands in the manager's lists; the place may change. Null: nowhere any more.
+    void Sit(ManagerLists* lists, std::size_t place) {
+        m_pLists = lists;
+        m_nPlace = place;
+    }
+    std::size_t Place() const { return m_nPlace; }
 
     // Frees the buffers that no window has fetched.
     void ClearViewQueue();
@@ -91,7 +118,7 @@ protected:
     virtual void OnStop() {}
 
     // From within OnEndUnpack: not all could be sent, the next batch end tries again.
-    void KeepChange() { m_bChanged = 1; }
+    void KeepChange() { NoteChange(1); }
     // What has changed meanwhile is not to be sent.
     void DropChange() { m_bChanged = 0; }
     bool IsStopped() const { return m_bStopped != 0; }
@@ -114,7 +141,7 @@ protected:
     // Puts a buffer into the view queue and tells the window; without a window it is freed. A message that
     // cannot be sent follows with the next one or at the next batch end: as many messages as items.
     void PostToView(ViewBuffer buffer);
-    // The same with a copy of the output image as it is now.
+    // Posts a copy of the output image as it is now.
     void PostOutput();
 
     bool HasWindow() const { return IsWindow(m_hWnd) != FALSE; }
@@ -138,20 +165,35 @@ protected:
         PostToView(std::move(buffer));
     }
 
-    // For decoders of one key.
-    KeyFilter& Filter() { return m_KeyFilter; }
-
 private:
-    // What the fan-out looks at comes first.
-    KeyFilter m_KeyFilter;
+    // What the fan-out looks at comes first, behind what it knows of a follower.
     int m_bActive = 0;
     int m_bStopped = 1;  // from construction, and by Stop; no handler runs and nothing is sent
     int m_bChanged = 0;  // handlers' results since the last send
 
+    void NoteChange(int changed) {
+        if (m_bChanged == 0) {
+            AwaitBatchEnd();
+        }
+        m_bChanged |= changed;
+    }
+    void AwaitBatchEnd() {
+        if (m_pLists != nullptr) {
+            m_pLists->Changed.Mark(m_nPlace);
+        }
+    }
+    void FollowHead(uint64_t head);
+    void EnterChain();
+    void LeaveChain();
     void TellWindow();
 
     int m_nUntold = 0;  // items in the queue that the window has had no message of
     const PacketSlots& m_Slots;
+    ManagerLists* m_pLists = nullptr;
+    std::size_t m_nPlace = 0;
+    uint64_t m_nKeyHead = 0;
+    bool m_bHasKey = false;
+    bool m_bInChain = false;
     HWND m_hWnd;
     ViewBuffer m_Output;
     CRtmPtrList m_ViewQueue;
@@ -167,7 +209,9 @@ inline int CRTMPacketDecoder::PutPacket(const char* packet, int length) {
         return 0;
     }
     if (slot.Handler != nullptr && m_bStopped == 0) {
-        m_bChanged |= slot.Handler(*this, packet + 1);
+        if (const int changed = slot.Handler(*this, packet + 1); changed != 0) {
+            NoteChange(changed);
+        }
     }
     return 1;
 }
@@ -186,6 +230,19 @@ struct HandlerTraits<int (Decoder::*)(const Packet&)> {
     using PacketStruct = Packet;
 };
 
+// Of the payload's first eight bytes; 0 if no key stands there.
+template <class Packet>
+constexpr uint64_t KeyMaskOf() {
+    constexpr std::size_t kByte = 8;
+    if constexpr (requires(Packet packet) { packet.Key; }) {
+        if (offsetof(Packet, Key) == 0) {
+            constexpr std::size_t kBytes = std::min(sizeof(Packet::Key), sizeof(uint64_t));
+            return ~uint64_t{0} >> (sizeof(uint64_t) - kBytes) * kByte;
+        }
+    }
+    return 0;
+}
+
 template <auto Handler>
 int CallHandler(CRTMPacketDecoder& decoder, const char* payload) {
     using Traits = HandlerTraits<decltype(Handler)>;
@@ -200,7 +257,8 @@ constexpr PacketSlots MakeSlots() {
         slots.Slots[type - kFirstPacketType] = slot;
     };
     (take(HandlerTraits<decltype(Handlers)>::PacketStruct::kType,
-          {sizeof(typename HandlerTraits<decltype(Handlers)>::PacketStruct), &CallHandler<Handlers>}),
+          {sizeof(typename HandlerTraits<decltype(Handlers)>::PacketStruct),
+           KeyMaskOf<typename HandlerTraits<decltype(Handlers)>::PacketStruct>(), &CallHandler<Handlers>}),
      ...);
     char* type = slots.Types;
     for (int index = 0; index < kPacketTypes; ++index) {

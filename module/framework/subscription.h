@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "module/framework/key_filter.h"
+#include "module/framework/packet_decoder.h"
 #include "module/wire/shapes.h"
 #include "module/wire/subscription_record.h"
 
@@ -16,7 +16,7 @@
 int AddTrStcd(const char* code, int codeLen, char chClass, uint32_t flags);
 int DelTrStcd(const char* code, int codeLen, char chClass, uint32_t flags);
 
-// Requests of one class and set of packet types.
+// The requests for codes of one class, with one set of packet types.
 template <class Key, char Class, uint32_t Flags>
 struct Subscription {
     static void Add(const Key& key) { AddTrStcd(Bytes(key), sizeof(Key), Class, Flags); }
@@ -36,8 +36,8 @@ private:
 template <class Key, char Class, uint32_t Flags>
 class FollowedCode {
 public:
-    // The filter keeps to the key.
-    explicit FollowedCode(KeyFilter& filter) : m_Filter(filter) { Take(Blank()); }
+    // The decoder that follows it.
+    explicit FollowedCode(CRTMPacketDecoder& decoder) : m_Decoder(decoder) { Take(Blank()); }
 
     const Key& Get() const { return m_Key; }
 
@@ -46,7 +46,7 @@ public:
     // The same in two steps: the key first, and the requests when the rest is ready. Take gives the former
     // key.
     Key Take(const Key& next) {
-        m_Filter.Set(next);
+        m_Decoder.Follow(next);
         return std::exchange(m_Key, next);
     }
     void MoveFrom(const Key& former) { Subscription<Key, Class, Flags>::Move(former, m_Key); }
@@ -64,7 +64,7 @@ private:
     }
 
     Key m_Key;
-    KeyFilter& m_Filter;
+    CRTMPacketDecoder& m_Decoder;
 };
 
 #endif

@@ -4,6 +4,8 @@
 #include <atomic>
 #include <chrono>
 #include <future>
+#include <map>
+#include <mutex>
 #include <set>
 #include <sstream>
 #include <thread>
@@ -18,32 +20,51 @@ namespace {
 // The mutex calls of a thread: by name what it comes to wait for, and what it holds.
 struct MutexWatch {
     std::function<void(const std::string& name)> OnWait = [](const std::string& /*name*/) {};
-    std::map<HANDLE, std::string> Names = {};
     std::multiset<std::string> Held = {};
 };
 thread_local MutexWatch* t_pWatch = nullptr;
+
+// The name of each mutex, from when it was opened, which may be before somebody watches.
+class MutexNames {
+public:
+    static void Set(HANDLE mutex, const char* name) {
+        const std::lock_guard hold(The().m_Lock);
+        The().m_Names[mutex] = name;
+    }
+    static std::string Of(HANDLE mutex) {
+        const std::lock_guard hold(The().m_Lock);
+        return The().m_Names[mutex];
+    }
+
+private:
+    static MutexNames& The() {
+        static auto* const names = new MutexNames;
+        return *names;
+    }
+
+    std::mutex m_Lock;
+    std::map<HANDLE, std::string> m_Names;
+};
 
 }  // namespace
 
 HANDLE CreateMutexA(SECURITY_ATTRIBUTES* attributes, BOOL initialOwner, const char* name) {
     HANDLE mutex = NextBehind("CreateMutexA", &CreateMutexA)(attributes, initialOwner, name);
-    if (t_pWatch != nullptr) {
-        t_pWatch->Names[mutex] = name;
-    }
+    MutexNames::Set(mutex, name);
     return mutex;
 }
 DWORD WaitForSingleObject(HANDLE mutex, DWORD milliseconds) {
     if (t_pWatch != nullptr) {
         EXPECT_EQ(milliseconds, INFINITE);
-        t_pWatch->OnWait(t_pWatch->Names[mutex]);
-        t_pWatch->Held.insert(t_pWatch->Names[mutex]);
+        t_pWatch->OnWait(MutexNames::Of(mutex));
+        t_pWatch->Held.insert(MutexNames::Of(mutex));
         EXPECT_EQ(*t_pWatch->Held.begin(), *t_pWatch->Held.rbegin()) << "two guards held together";
     }
     return NextBehind("WaitForSingleObject", &WaitForSingleObject)(mutex, milliseconds);
 }
 BOOL ReleaseMutex(HANDLE mutex) {
     if (t_pWatch != nullptr) {
-        t_pWatch->Held.erase(t_pWatch->Held.find(t_pWatch->Names[mutex]));
+        t_pWatch->Held.erase(t_pWatch->Held.find(MutexNames::Of(mutex)));
     }
     return NextBehind("ReleaseMutex", &ReleaseMutex)(mutex);
 }
@@ -104,7 +125,8 @@ TEST(MapGuard, EachCallOfALifeWaitsForTheGuardsItNeeds) {
     };
     for (const std::string& guard : {name, address.str()}) {
         for (const auto& call : calls) {
-            HANDLE mutex = CreateMutexA(nullptr, TRUE, guard.c_str());
+            HANDLE mutex = CreateMutexA(nullptr, FALSE, guard.c_str());
+            WaitForSingleObject(mutex, INFINITE);
             EXPECT_EQ(WaitsFor(guard, call.Run, [mutex] { ReleaseMutex(mutex); }),
                       guard == name || call.ChangesTypeLists)
                 << call.Name << " for " << guard;
@@ -159,8 +181,8 @@ TEST(MapGuard, AWaiterGoesOnWhenTheHolderIsKilled) {
             }));
     }
     screen.Unregister();
-    EXPECT_FALSE(InSystem(name));
     SetMutexNameToDecoder(nullptr);
+    EXPECT_FALSE(InSystem(name));
 }
 
 }  // namespace

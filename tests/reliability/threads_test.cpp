@@ -16,12 +16,16 @@ namespace {
 
 class Threads : public testing::Test {
 protected:
-    void SetUp() override { SetMutexNameToDecoder(m_Name.data()); }
+    void SetUp() override {
+        SetMutexNameToDecoder(m_Name.data());
+        m_Mutex.SetName(m_Name.c_str());
+    }
     void TearDown() override { SetMutexNameToDecoder(nullptr); }
     // As a host holds it around its batches and its screens' lives.
-    MutexGuard Guard() const { return MutexGuard(m_Name.c_str()); }
+    MutexGuard Guard() const { return MutexGuard(m_Mutex); }
 
     std::string m_Name = "tickmux-" + std::to_string(getpid());
+    NamedMutex m_Mutex;
     BareHost m_Host;  // requests come to the thread that opens screens, which is this one
 };
 

@@ -47,7 +47,7 @@ private:
     void PutFigures(BookRowSide& shown, BookSide& side, std::size_t number) const;
     void PutPriceColors(BookRowSide& shown, int32_t price) const;
 
-    FollowedCode<StockKey, kStockClass, kWantBook> m_Key{Filter()};
+    FollowedCode<StockKey, kStockClass, kWantBook> m_Key{*this};
     int32_t m_bUseHogaRect;   // the user wants the current price marked
     int32_t m_nCurPrice;      // of the latest trade, or kNone
     int32_t m_nBasePrice;     // of rates and colours, or kNone

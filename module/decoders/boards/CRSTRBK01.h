@@ -39,7 +39,7 @@ private:
     Entry* InsertRow(std::size_t place, const PriceRow& row, int32_t price);
     Entry* InsertPrice(const TradePacket& trade);
 
-    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key{Filter()};
+    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key{*this};
     PlainRows m_Front{};
     NodePool<Entry> m_Entries;
     PlainArray<Entry*> m_List;     // highest price first, unless the inquiry had another order

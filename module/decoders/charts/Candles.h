@@ -57,7 +57,7 @@ private:
                 Value close) const;
     void ClearBlock();
 
-    FollowedCode<Key, Kind::kClass, Kind::kFlags> m_Key{Filter()};
+    FollowedCode<Key, Kind::kClass, Kind::kFlags> m_Key{*this};
     LiveCandle<Kind> m_Candle;
     DWORD m_dwLastTick = 0;  // when the throttle was last decided, in milliseconds
     HeadedRows m_Front;      // request tag, of a refused inquiry too, and display head

@@ -23,7 +23,7 @@ private:
 
     int OnIndexPacket(const IndexPacket& index);
 
-    FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key{Filter()};
+    FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key{*this};
     PlainRows m_Front{};
     double m_dBaseValue = 0.0;  // of the rate, in index points; 0: none yet
     WaitingRows<IndexTickRow> m_Ticks;

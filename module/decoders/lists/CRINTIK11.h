@@ -21,7 +21,7 @@ private:
 
     int OnIndexPacket(const IndexPacket& index);
 
-    FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key{Filter()};
+    FollowedCode<IndexKey, kIndexClass, kWantIndex> m_Key{*this};
     HeadedRows m_Front;  // tag and display head of the next buffer
     char m_Date[8];      // in every row
 };

@@ -23,7 +23,7 @@ private:
 
     int OnTradePacket(const TradePacket& trade);
 
-    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key{Filter()};
+    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key{*this};
     PlainRows m_Front{};
     int32_t m_nBasePrice = 0;  // of the rate; 0: none yet
     WaitingRows<FillRow> m_Ticks;

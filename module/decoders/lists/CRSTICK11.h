@@ -24,7 +24,7 @@ private:
 
     int OnTradePacket(const TradePacket& trade);
 
-    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key{Filter()};
+    FollowedCode<StockKey, kStockClass, kWantTrades> m_Key{*this};
     HeadedRows m_Front;  // tag and display head of the next buffer
     char m_Date[8];      // YYYYMMDD, in every row
     WaitingRows<TickRow> m_Ticks;

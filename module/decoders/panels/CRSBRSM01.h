@@ -21,7 +21,7 @@ private:
 
     int OnBrokerPacket(const BrokerPacket& brokers);
 
-    FollowedCode<StockKey, kStockClass, kWantBrokers> m_Key{Filter()};
+    FollowedCode<StockKey, kStockClass, kWantBrokers> m_Key{*this};
 };
 
 #endif

@@ -24,7 +24,7 @@ private:
     template <std::size_t N>
     void PutValue(NavField& field, const char (&text)[N]) const;
 
-    FollowedCode<StockKey, kFundClass, kWantFund> m_Key{Filter()};
+    FollowedCode<StockKey, kFundClass, kWantFund> m_Key{*this};
     double m_dBaseValue = 0.0;
 };
 

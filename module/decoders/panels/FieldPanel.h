@@ -47,7 +47,7 @@ private:
 
     using Record = PanelRecord<Kind::kTable>;
 
-    FollowedCode<Key, Kind::kClass, Kind::kFlags> m_Key{Filter()};
+    FollowedCode<Key, Kind::kClass, Kind::kFlags> m_Key{*this};
     FieldRange m_Range;
     RequestTag m_Tag{};
     Record m_Fields;
