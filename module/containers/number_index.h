@@ -15,7 +15,7 @@
 template <class T>
 class NumberIndex {
 public:
-    // The first of the number; null: there is none.
+    // The first object of the number, or null if there is none.
     T* Find(int32_t number) const {
         T* at = BucketOf(number).First;
         while (at != nullptr && at->Number != number) {

@@ -22,7 +22,7 @@ struct CodeRequest {
 
 class CodeRequests {
 public:
-    // In order of asking.
+    // The codes stand in the order in which they are asked for.
     class List {
     public:
         // Room for so many requests; false if memory fails.
@@ -40,7 +40,7 @@ public:
         std::size_t m_nAsked = 0;  // the first so many requests have gone out
     };
 
-    // What is in force.
+    // The list that is in force.
     const List& Current() const { return m_List; }
 
     // Puts a list in force, of which nothing has been asked for yet; gives the former one.

@@ -23,7 +23,7 @@ public:
     using Row = typename Kind::Row;
     using Key = typename Kind::Key;
 
-    // Without rows no packet finds one.
+    // As long as there are no rows, no packet finds one.
     void Close() {
         m_Index.Clear();
         Clear();
@@ -51,7 +51,7 @@ public:
     int Count() const { return m_nRows; }
     Row& At(int place) { return m_pRows[static_cast<std::size_t>(place)]; }
 
-    // Of equal keys the first row. kNowhere: there is none.
+    // Of equal keys the first row is found; kNowhere says that there is none.
     static constexpr int kNowhere = KeyIndex<Key>::kNowhere;
     int Find(const Key& key) const { return m_Index.Find(key); }
 
@@ -62,7 +62,7 @@ public:
         dirty = kChanged;
     }
 
-    // For SendRows: the changed rows.
+    // SendRows makes a buffer of the changed rows.
     bool Empty() const { return m_nDirty == 0; }
 
     template <class Front>

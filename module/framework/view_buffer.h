@@ -45,7 +45,7 @@ public:
     explicit operator bool() const { return m_pBytes != nullptr; }
     char* Bytes() { return m_pBytes.get(); }
 
-    // The layout that lies at the head of the buffer.
+    // Reads the head of the buffer as a layout.
     template <class Layout>
     Layout& As() {
         static_assert(alignof(Layout) == 1);

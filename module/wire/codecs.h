@@ -51,7 +51,7 @@ int64_t AsciiToInt64(const char* src, int n);
 // The number at the head of the text, in any form that strtod reads; 0.0 without one. A decimal point counts
 // only if it stands in the text. 31 characters are read at the most.
 double AsciiToDouble(const char* src, int n);
-// The same of a text of any length.
+// This one reads a text of any length.
 double TextToDouble(const char* src, int n);
 
 // ---- numbers to text
@@ -124,7 +124,7 @@ void Put(char (&dst)[N], const char (&src)[N]) {
     std::memcpy(dst, src, N);
 }
 
-// As CopyRightAligned.
+// Gives what CopyRightAligned gives.
 template <std::size_t N, std::size_t M>
 void PutRight(char (&dst)[N], const char (&src)[M]) {
     CopyRightAligned(dst, src, N, M);

@@ -45,7 +45,7 @@ Part Load(const char* src) {
 template <std::size_t N>
 using Width = std::integral_constant<std::size_t, N>;
 
-// Known without looking: a text of up to `longest` characters fits.
+// The caller knows that a text of up to `longest` characters fits.
 constexpr bool AlwaysFits(std::size_t /*len*/, std::size_t /*longest*/) {
     return false;
 }
@@ -99,7 +99,7 @@ void CopyTail(uint64_t text, char* dst, Length length) {
     }
 }
 
-// The same of 16 characters.
+// The same for 16 characters in two words.
 template <class Length>
 void CopyTail(uint64_t left, uint64_t right, char* dst, Length length) {
     const std::size_t len = length;
@@ -264,7 +264,7 @@ constexpr bool ReadPadded(uint64_t word, uint32_t& value) {
     return AreDigits(values);
 }
 
-// The same of 16 characters.
+// The number in two words, if it is padded digits.
 constexpr bool ReadPadded(const Padded16& text, uint64_t& value) {
     uint32_t upper = 0;
     uint32_t lower = 0;

@@ -77,7 +77,7 @@ void Describe(const StockKey& key, Visitor&& visit) {
     visit("Code", key.Code);
 }
 
-// An index.
+// The key of an index.
 struct IndexKey {
     char IndexCode[4];
 

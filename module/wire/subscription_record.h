@@ -18,7 +18,7 @@ struct tagRTMTRSTCDINFO {
 static_assert(sizeof(tagRTMTRSTCDINFO) == 24 && alignof(tagRTMTRSTCDINFO) == 1);
 static_assert(offsetof(tagRTMTRSTCDINFO, szCode) == 5 && offsetof(tagRTMTRSTCDINFO, nCodeLen) == 16);
 
-// The same record when it takes everything back.
+// The record has this form when it takes everything back.
 struct CancelRecord {
     Little<int32_t> nOperation;  // kCancelAll
     char chClass;                // not set

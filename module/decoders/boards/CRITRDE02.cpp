@@ -9,7 +9,7 @@ namespace {
 
 void PutFigures(IndexBoardRow& row, const IndexPacket& index) {
     const int direction = SignToColor(nullptr, index.Sign);
-    // The packet alone tells the base.
+    // The base is known from the packet alone.
     const double base = BaseOf(index.Index, direction, index.Change) / kIndexScale;
     const double change = index.Change / kIndexScale;
     PutColor(row.IndexColor, direction);

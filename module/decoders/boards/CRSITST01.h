@@ -46,7 +46,7 @@ private:
     RowBoard<Kind> m_Board;
     PlainRows m_Front{};
     int32_t m_bAlarmSound = 0;  // the user wants to hear alarms
-    // Of the first rows; those further down have none.
+    // Only the first rows have one; those further down have none.
     std::array<std::optional<InterestAlarm>, 50> m_Alarms;
 };
 

@@ -8,7 +8,7 @@
 #include "module/wire/codecs.h"
 #include "module/wire/shapes.h"
 
-// Times are compared as text.
+// Times are texts of six digits and compare as such.
 struct ClockTime {
     char Text[6];
 
@@ -67,7 +67,7 @@ inline constexpr Period kPeriods[] = {
 // clang-format on
 inline constexpr Period kNoPeriod = {' ', 0, 1, 0};
 
-// Null: no such period.
+// Gives null for a char that stands for no period.
 const Period* FindPeriod(char period);
 
 // `time` and so many seconds more.

@@ -57,7 +57,7 @@ public:
 
     LiveCandle() { Reset(kNoPeriod); }
 
-    // No candle yet, at a period.
+    // Sets the period; there is no candle yet.
     void Reset(const Period& period);
     // Goes on from the newest candle of the inquiry; a row of spaces is none. Gives what Rollover gives, for
     // a candle that is finished.

@@ -9,7 +9,7 @@ public:
     // As the brokers are now. False: the terminal has no such data, or memory fails; then they are as before.
     bool Load();
 
-    // Zero: no such broker.
+    // Gives 0 for a broker that is not known.
     char Of(const char (&broker)[4]) const {
         const int mark = m_Marks.Find({{broker[0], broker[1], broker[2], broker[3]}});
         return mark == KeyIndex<BrokerCode>::kNowhere ? '\0' : static_cast<char>(mark);

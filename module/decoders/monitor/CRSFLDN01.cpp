@@ -36,7 +36,7 @@ const char* SuffixOf(char board) {
 
 constexpr std::size_t kSuffixWidth = 3;
 
-// Where the two feeds differ.
+// The two feeds differ in what counts as a trade.
 bool HasVolume(const TradePacket& trade) {
     return trade.Volume != 0;
 }

@@ -20,7 +20,7 @@ struct ListedStock {
 };
 static_assert(sizeof(ListedStock) == 16);
 
-// In front of them: how many follow.
+// A count stands in front of them.
 struct ListHead {
     char Count[4];
 };

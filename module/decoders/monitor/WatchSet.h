@@ -17,7 +17,7 @@ class WatchSet {
 public:
     // The user's interest groups of these numbers: three characters each, and a separator between them.
     bool WatchGroups(const CInterestTable& table, std::string_view numbers);
-    // All stocks.
+    // Watches every stock.
     bool WatchMarket();
     // The account's own industry list.
     bool WatchIndustry();

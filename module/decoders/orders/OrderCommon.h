@@ -33,7 +33,7 @@ private:
 class LastNotice {
 public:
     LastNotice() { FillBlank(m_Packet); }
-    // Any other notice takes its place.
+    // A notice that differs takes its place.
     bool IsRepeatedBy(const OrderPacket& notice);
 
 private:

@@ -1,4 +1,4 @@
-// An order notice as an order list reads it: the event.
+// An event is an order notice as an order list reads it.
 //
 // Which event a notice becomes, and which way it takes through the list, stands in a table of routes.
 #ifndef TICKMUX_MODULE_DECODERS_ORDERS_ORDEREVENT_H
@@ -11,7 +11,7 @@
 #include "module/layouts/Orders.h"
 #include "module/wire/packets.h"
 
-// Other record kinds are no orders.
+// True if the notice is about an order; other record kinds are not.
 bool IsRecord(const OrderPacket& notice);
 
 // ------------------------------------------------------------------ routes
@@ -55,9 +55,9 @@ struct NoticeRoute {
     Route Way;
 };
 
-// Those of the lists that follow the answers to orders, from the acceptance on.
+// The routes of the lists that follow the answers to orders, from the acceptance on.
 std::span<const NoticeRoute> AnswerRoutes();
-// Those of the list that follows orders from their sending on.
+// The routes of the list that follows orders from their sending on.
 std::span<const NoticeRoute> SendingRoutes();
 
 // ------------------------------------------------------------------ events
@@ -74,9 +74,9 @@ struct OrderEvent {
 // `divisor` turns the notice's quantity into the list's unit.
 OrderEvent BuildEvent(const OrderPacket& notice, std::span<const NoticeRoute> routes, int64_t divisor);
 
-// Hundredths; whole units on the boards NG and ADV.
+// Quantities count hundredths of a unit, on the boards NG and ADV whole units.
 int64_t DivisorOfBoard(const OrderPacket& notice);
-// What the notice says of its lot, hundredths if nothing.
+// The lot that the notice tells divides its quantity, or 100 if it tells none.
 int64_t DivisorOfLot(const OrderPacket& notice);
 
 // OrderRow::ChannelMark of the notice's channel.

@@ -31,7 +31,7 @@ public:
         }
     }
 
-    // With zeros in front.
+    // The number stands behind zeros that fill the field.
     void PutNumber(unsigned number, std::size_t width) {
         char digits[8];
         for (std::size_t i = width; i > 0; --i) {

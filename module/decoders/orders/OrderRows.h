@@ -64,7 +64,7 @@ public:
         assert(place < Size() && m_Items[place] == item);
         return static_cast<int>(Size() - 1 - place);
     }
-    // From the place on.
+    // Looks at the items from the place on.
     template <class Test>
     void RemoveIf(std::size_t place, Test&& test) {
         Item* end = m_Items.Data() + Size();
@@ -73,7 +73,7 @@ public:
     }
 
 private:
-    // Of the first that is not below the item.
+    // The place of the first item that is not below this one.
     std::size_t PlaceOf(Item item) const {
         const Item* first = m_Items.Data();
         const auto below = [](Item a, Item b) { return SerialOf(a) < SerialOf(b); };
@@ -94,7 +94,7 @@ public:
     OrderEntry* InsertTop(const OrderRow& row, RowMark mark);
     void Remove(OrderEntry* entry);
 
-    // The first from the top; null: none.
+    // The first row from the top, or null if there is none.
     OrderEntry* FindRow(int32_t number) const { return m_Index.Find(number); }
     // How many rows stand above.
     int IndexOf(const OrderEntry* entry) const { return m_Rows.CountAbove(entry->Serial); }
@@ -137,7 +137,7 @@ public:
 
     // ---- touched rows: shown ones to be looked at again
     void Touch(OrderEntry* entry);  // a row that is not shown is passed over
-    // From the bottom up; null: no more.
+    // They come from the bottom up. Null: there are no more.
     OrderEntry* TakeTouched();
 
 private:

@@ -8,7 +8,7 @@
 
 class ParkedEvents {
 public:
-    // Without memory the event is lost.
+    // An event that memory fails for is lost.
     void Park(const OrderEvent& event) {
         if (Parked* parked = m_Pool.Take()) {
             *parked = {event.OrderNo, nullptr, nullptr, event};

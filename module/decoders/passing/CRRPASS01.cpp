@@ -25,7 +25,7 @@ constexpr ItemClass kItemClasses[] = {
      .SkipsBlank = true},
     {.Class = kSpecialClass, .CodeLength = sizeof(SpecialPacket::Code), .Columns = {{'@', kWantSpecial}}},
     {.Class = kFundClass, .CodeLength = sizeof(StockKey), .Columns = {{'N', kWantFund}}},
-    // These come without a request.
+    // Packets of these types come without a request.
     {.Class = '/', .CodeLength = 0, .Columns = {{NewsPacket::kType, 0}, {OrderPacket::kType, 0}}},
 };
 

@@ -11,7 +11,7 @@
 #include "module/framework/code_requests.h"
 #include "module/layouts/SubscriptionItem.h"
 
-// What a Want byte asks for.
+// A Want byte asks for one packet type of a class.
 struct WantColumn {
     char Type;       // of the packets; 0: the byte is not read
     uint32_t Flags;  // of the request; 0: the packets come without one
@@ -32,7 +32,7 @@ struct ItemClass {
     bool Skips(const SubscriptionItem& item) const;
 };
 
-// Null: no class of that char.
+// Gives null for a char that stands for no class.
 const ItemClass* FindClass(std::span<const ItemClass> classes, char chClass);
 
 // Calls visit(class, column) for each packet type that the item wants, in order of the columns.
