@@ -22,10 +22,10 @@ public:
             body();
             _exit(write(ends[1], "", 1) == 1 ? pause() : 1);
         }
+        close(ends[1]);  // a child that dies is not waited for
         char done = 0;
         EXPECT_EQ(read(ends[0], &done, 1), 1);
         close(ends[0]);
-        close(ends[1]);
     }
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;

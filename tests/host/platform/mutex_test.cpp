@@ -153,15 +153,21 @@ TEST(Mutex, ExcludesWhileItComesAndGoes) {
             CloseHandle(mutex);
         }
     };
-    std::thread here(work);
-    Child process([&] {
-        std::thread there(work);
-        work();
-        there.join();
-    });
-    here.join();
-    EXPECT_EQ(*count, 3 * kTurns);
-    process.Kill();
+    std::vector<pid_t> processes;
+    for (int process = 0; process < 2; ++process) {
+        processes.push_back(fork());
+        if (processes.back() == 0) {
+            work();
+            _exit(0);
+        }
+    }
+    std::thread other(work);
+    work();
+    other.join();
+    for (const pid_t process : processes) {
+        waitpid(process, nullptr, 0);
+    }
+    EXPECT_EQ(*count, 4 * kTurns);
     EXPECT_FALSE(InSystem(name));
     munmap(memory, sizeof(int));
 }
