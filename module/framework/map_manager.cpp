@@ -19,23 +19,6 @@ tagMAPINFO* MapOf(tickmux_handle handle) {
     return reinterpret_cast<tagMAPINFO*>(handle);
 }
 
-bool IsPacketType(char type) {
-    return type >= kFirstPacketType && type <= kLastPacketType;
-}
-
-std::size_t TypeIndex(char type) {
-    return static_cast<std::size_t>(type - kFirstPacketType);
-}
-
-// The place of the first one that was registered behind the serial.
-std::size_t FirstBehind(const PlainArray<CRTMPacketDecoder*>& list, uint64_t serial) {
-    const auto isBehind = [](uint64_t known, const CRTMPacketDecoder* each) {
-        return known < each->Serial();
-    };
-    CRTMPacketDecoder* const* const first = list.Data();
-    return static_cast<std::size_t>(std::upper_bound(first, first + list.Size(), serial, isBehind) - first);
-}
-
 const DecoderFactoryEntry* FindFactory(const char* mapName) {
     for (const DecoderFactoryEntry* entry = g_DecoderFactories; entry->pMapName != nullptr; ++entry) {
         if (std::strcmp(entry->pMapName, mapName) == 0) {
@@ -50,7 +33,7 @@ const DecoderFactoryEntry* FindFactory(const char* mapName) {
 CRTMMapManager::CRTMMapManager() {
     // The manager's own address names the type guard.
     constexpr int kHex = 16;
-    char address[2 * sizeof(this) + 1] = "";
+    char address[2 * sizeof(uintptr_t) + 1] = "";
     std::to_chars(std::begin(address), std::end(address) - 1, reinterpret_cast<uintptr_t>(this), kHex);
     m_TypeMutex.SetName(address);
     // The grade is read this once; it holds as long as the module is loaded.
@@ -280,81 +263,6 @@ void CRTMMapManager::CloseGaps() {
     }
     moveBatchEnds(m_MapList.Size(), to);
     m_MapList.Resize(to);
-}
-
-// ------------------------------------------------------------------ the packet path
-
-// NOLINTNEXTLINE(readability-non-const-parameter): the exported name has it so
-int CRTMMapManager::PutRTMPacket(char* packet, int length) {
-    // The shortest payload is longer than a key's head: what is shorter fits no slot.
-    constexpr auto kShortest = static_cast<int>(1 + sizeof(uint64_t));
-    if (packet == nullptr || length < kShortest || !IsPacketType(*packet)) {
-        return 1;
-    }
-    const TypeList& others = m_TypeList[TypeIndex(*packet)];
-    Walk next{m_Lists.Following.FirstOf(KeyHeadOf(packet)), 0};
-    uint64_t changes = m_Lists.nChanges;
-    // Followers and others are taken in order of registration.
-    while (true) {
-        CRTMPacketDecoder* decoder = nullptr;
-        if (next.nOther < others.Size() &&
-            (next.pFollower == nullptr || others[next.nOther]->Serial() < next.pFollower->Serial())) {
-            decoder = others[next.nOther++];
-        } else if (next.pFollower != nullptr) {
-            decoder = static_cast<CRTMPacketDecoder*>(next.pFollower);
-            next.pFollower = Followers::NextOf(*next.pFollower);
-        } else {
-            return 1;
-        }
-        if (decoder->IsActive() != 0) {
-            decoder->CRTMPacketDecoder::PutPacket(packet, length);
-        }
-        if (m_Lists.nChanges.load(std::memory_order_relaxed) != changes) {
-            // A window was told of a row, and has opened, closed or turned screens.
-            next = NextBehind(decoder->Serial(), packet, changes);
-            changes = m_Lists.nChanges;
-        }
-    }
-}
-
-uint64_t CRTMMapManager::KeyHeadOf(const char* packet) const {
-    uint64_t head = 0;
-    std::memcpy(&head, packet + 1, sizeof(head));
-    return head & m_KeyMask[TypeIndex(*packet)];
-}
-
-CRTMMapManager::Walk CRTMMapManager::NextBehind(uint64_t serial, const char* packet, uint64_t changes) const {
-    const TypeList& others = m_TypeList[TypeIndex(*packet)];
-    // Who was the last before it was called stays the last for this packet, whoever was registered meanwhile.
-    const auto stoodBehind = [&](const tagMAPINFO* map) {
-        return map != nullptr && map->posType[TypeIndex(*packet)] && map->pDecoder->Serial() > serial &&
-               map->pDecoder->Serial() <= changes;
-    };
-    if (m_nLastSerial > changes &&
-        std::none_of(m_MapList.Data(), m_MapList.Data() + m_MapList.Size(), stoodBehind)) {
-        return {nullptr, others.Size()};
-    }
-    Follower* follower = m_Lists.Following.FirstOf(KeyHeadOf(packet));
-    while (follower != nullptr && follower->Serial() <= serial) {
-        follower = Followers::NextOf(*follower);
-    }
-    return {follower, FirstBehind(others, serial)};
-}
-
-void CRTMMapManager::EndRTMUnpack() {
-    BatchEnd end{0, m_pBatchEnd};
-    m_pBatchEnd = &end;
-    for (std::size_t place = m_Lists.Changed.FirstFrom(0); place < m_MapList.Size();
-         place = m_Lists.Changed.FirstFrom(end.nNext)) {
-        end.nNext = place + 1;
-        CRTMPacketDecoder* decoder = m_MapList[place]->pDecoder.get();
-        if (decoder->AwaitsBatchEnd()) {
-            decoder->EndBatch();
-        } else {
-            m_Lists.Changed.Unmark(place);
-        }
-    }
-    m_pBatchEnd = end.pOuter;
 }
 
 // ------------------------------------------------------------------ subscription requests

@@ -81,8 +81,11 @@ private:
         Follower* pFollower;
         std::size_t nOther;
     };
+    uint64_t PutFrom(Walk next, const char* packet, int length);
     Walk NextBehind(uint64_t serial, const char* packet, uint64_t changes) const;
     uint64_t KeyHeadOf(const char* packet) const;
+    // The place of the first one that was registered behind the serial.
+    static std::size_t FirstBehind(const TypeList& list, uint64_t serial);
     void Destroy(tagMAPINFO* map);
 
     // A walk over the maps; a window that closes a batch from within its message begins one within another.

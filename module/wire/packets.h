@@ -19,6 +19,14 @@ inline constexpr char kLastPacketType = 'z';
 inline constexpr int kPacketTypes = kLastPacketType - kFirstPacketType + 1;
 static_assert(kPacketTypes == 90);
 
+constexpr bool IsPacketType(char type) {
+    return type >= kFirstPacketType && type <= kLastPacketType;
+}
+
+constexpr std::size_t TypeIndex(char type) {
+    return static_cast<std::size_t>(type - kFirstPacketType);
+}
+
 // One stock trade, with the day's running figures.
 struct TradePacket {
     static constexpr char kType = 'A';
