@@ -106,6 +106,7 @@ void Complete(Arguments& arguments) {
 std::vector<InitText> InitsOf(const std::vector<WorkspaceLine>& workspace, const InitDefaults& defaults) {
     constexpr std::size_t kTags = 100;
     std::vector<InitText> inits;
+    inits.reserve(workspace.size());
     for (const WorkspaceLine& line : workspace) {
         inits.push_back(InitOf(line, defaults, std::to_string(kTags + inits.size() % kTags).substr(1)));
     }

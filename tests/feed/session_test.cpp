@@ -218,7 +218,7 @@ class Session : public testing::Test {
 protected:
     // Gives the session's file; each takes the place of the former one.
     std::string Generate(const std::string& options) const {
-        const std::string path = m_Folder.Path("session.pcap");
+        std::string path = m_Folder.Path("session.pcap");
         EXPECT_EQ(RunTool("feedgen", "--output " + path + " " + options).Status, 0);
         return path;
     }
@@ -288,7 +288,7 @@ TEST_F(Session, TheSameOptionsGiveTheSameBytes) {
 
 // A stream of its own leaves the others alone, and bars that fail leave the rest of them.
 TEST_F(Session, OptionsChangeTheirOwnStreamOnly) {
-    constexpr std::size_t kMarketPackets = 20 * 30 * 8;  // of a minute and stock
+    constexpr std::size_t kMarketPackets = 20UL * 30 * 8;  // of a minute and stock
     struct Streams {
         std::string Others;  // with times
         std::map<std::string, std::vector<Timestamp>> Own;
