@@ -4,9 +4,15 @@
 // section nor key=value is passed over, and so are keys in front of the first section.
 #include "host/platform/profile.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
+#include <ctime>
 #include <fstream>
 #include <iterator>
+#include <map>
+#include <mutex>
+#include <utility>
 
 #include "host/platform/guarded.h"
 #include "host/platform/paths.h"
@@ -16,18 +22,85 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-std::string ReadWhole(const char* path) {
-    if (path == nullptr) {
-        return {};
-    }
+std::string ReadWhole(const std::string& path) {
     // Past the streams' own operators, which take what memory fails for as the file's end.
-    std::ifstream file(HostPath(path), std::ios::binary);
+    std::ifstream file(path, std::ios::binary);
     try {
         return {std::istreambuf_iterator<char>(file), {}};
     } catch (const std::ios_base::failure&) {  // a folder
         return {};
     }
 }
+
+// What tells that a file is another than it was.
+struct Stamp {
+    explicit Stamp(const struct stat& file)
+        : Device(file.st_dev),
+          Number(file.st_ino),
+          Size(file.st_size),
+          Written(file.st_mtim),
+          Changed(file.st_ctim) {}
+
+    bool operator==(const Stamp& other) const {
+        return Device == other.Device && Number == other.Number && Size == other.Size &&
+               Same(Written, other.Written) && Same(Changed, other.Changed);
+    }
+    // A file that was written just now may be written again before the file system's clock has gone on.
+    bool TellsTheNext() const {
+        constexpr time_t kCoarsestStep = 2;
+        return Written.tv_sec + kCoarsestStep < time(nullptr);
+    }
+
+private:
+    static bool Same(const timespec& left, const timespec& right) {
+        return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;
+    }
+
+    dev_t Device;
+    ino_t Number;
+    off_t Size;
+    timespec Written;
+    timespec Changed;
+};
+
+// The files that were read last, by path.
+class KeptFiles {
+public:
+    using Pointer = std::shared_ptr<const ProfileFile>;
+
+    static KeptFiles& Get() {
+        static auto* const files = new KeptFiles;  // screens may still open at the very end of the process
+        return *files;
+    }
+
+    Pointer Read(const std::string& path) {
+        struct stat file {};
+        const bool known = stat(path.c_str(), &file) == 0 && S_ISREG(file.st_mode);
+        const Stamp stamp(file);
+        if (known) {
+            const std::lock_guard hold(m_Lock);
+            if (const auto found = m_Files.find(path);
+                found != m_Files.end() && found->second.first == stamp) {
+                return found->second.second;
+            }
+        }
+        auto read = std::make_shared<const ProfileFile>(ReadWhole(path));
+        if (known && stamp.TellsTheNext()) {
+            const std::lock_guard hold(m_Lock);
+            if (m_Files.size() == kMost) {
+                m_Files.clear();
+            }
+            m_Files.insert_or_assign(path, std::pair(stamp, read));
+        }
+        return read;
+    }
+
+private:
+    static constexpr std::size_t kMost = 16;  // a terminal has four
+
+    std::mutex m_Lock;
+    std::map<std::string, std::pair<Stamp, Pointer>> m_Files;
+};
 
 std::string_view WithoutBlanks(std::string_view text) {
     constexpr std::string_view kBlanks = " \t\r\v\f\x1A";
@@ -92,7 +165,12 @@ std::string Names(const Rows& rows, Name name) {
 
 }  // namespace
 
-ProfileFile::ProfileFile(const char* path) : m_Text(ReadWhole(path)) {
+std::shared_ptr<const ProfileFile> ProfileFile::Read(const char* path) {
+    return path == nullptr ? std::make_shared<const ProfileFile>(std::string())
+                           : KeptFiles::Get().Read(HostPath(path));
+}
+
+ProfileFile::ProfileFile(std::string text) : m_Text(std::move(text)) {
     std::string_view rest = m_Text;
     if (rest.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
         rest.remove_prefix(kByteOrderMark.size());
@@ -140,8 +218,8 @@ UINT GetPrivateProfileIntA(const char* section, const char* key, int defaultValu
         return otherwise;
     }
     return OrRefuse(otherwise, [&] {
-        const ProfileFile file(path);
-        const ProfileFile::Entry* const entry = file.Find(section, key);
+        const auto file = ProfileFile::Read(path);
+        const ProfileFile::Entry* const entry = file->Find(section, key);
         if (entry == nullptr) {
             return otherwise;
         }
@@ -168,17 +246,17 @@ DWORD GetPrivateProfileStringA(const char* section, const char* key, const char*
     }
     *buffer = '\0';
     return OrRefuse(DWORD{0}, [&] {
-        const ProfileFile file(path);
+        const auto file = ProfileFile::Read(path);
         if (section == nullptr) {
-            return AnswerList(Names(file.Sections(), &ProfileFile::Section::Name), buffer, size);
+            return AnswerList(Names(file->Sections(), &ProfileFile::Section::Name), buffer, size);
         }
         if (key == nullptr) {
-            const ProfileFile::Section* const found = file.Find(section);
+            const ProfileFile::Section* const found = file->Find(section);
             return found == nullptr
                        ? AnswerList({}, buffer, size)
                        : AnswerList(Names(found->Entries, &ProfileFile::Entry::Key), buffer, size);
         }
-        if (const ProfileFile::Entry* const entry = file.Find(section, key)) {
+        if (const ProfileFile::Entry* const entry = file->Find(section, key)) {
             return Answer(entry->Value, buffer, size);
         }
         const std::string_view otherwise = defaultValue == nullptr ? "" : defaultValue;

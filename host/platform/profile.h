@@ -1,7 +1,10 @@
 // profile.h - a private profile file, as it is at this moment.
+//
+// Whoever asks for a key asks for the file: what was read stays until the file is another.
 #ifndef TICKMUX_HOST_PLATFORM_PROFILE_H
 #define TICKMUX_HOST_PLATFORM_PROFILE_H
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,8 +22,10 @@ public:
         const Entry* Find(std::string_view key) const;  // null: no such key
     };
 
-    // A file that cannot be read counts as empty; null: no file.
-    explicit ProfileFile(const char* path);
+    // Never null. A file that cannot be read counts as empty; a null path: no file.
+    static std::shared_ptr<const ProfileFile> Read(const char* path);
+
+    explicit ProfileFile(std::string text);
     ProfileFile(const ProfileFile&) = delete;
     ProfileFile& operator=(const ProfileFile&) = delete;
     ~ProfileFile() = default;

@@ -53,10 +53,10 @@ CInterestTable::~CInterestTable() = default;
 
 void CInterestTable::ReadAllGroup(CString path) {
     m_Groups.clear();
-    const ProfileFile file(path);
-    for (const ProfileFile::Section& section : file.Sections()) {
+    const auto file = ProfileFile::Read(path);
+    for (const ProfileFile::Section& section : file->Sections()) {
         const uint32_t number = NumberIn(section.Name);
-        if (file.Find(Numbered("GROUP", number)) == &section) {
+        if (file->Find(Numbered("GROUP", number)) == &section) {
             m_Groups.emplace(static_cast<int>(number), GroupOf(number, section));
         }
     }

@@ -2,6 +2,7 @@
 #ifndef TICKMUX_TESTS_SUPPORT_SCRATCH_FOLDER_H
 #define TICKMUX_TESTS_SUPPORT_SCRATCH_FOLDER_H
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -20,8 +21,11 @@ public:
     ~ScratchFolder() { std::filesystem::remove_all(m_Path); }
 
     std::string Path(const std::string& file) const { return m_Path + "/" + file; }
+    // As if written a while ago, so that the host may keep what it reads, each time at another moment.
     std::string Write(const std::string& file, const std::string& text) const {
         std::ofstream(Path(file), std::ios::binary) << text;
+        std::filesystem::last_write_time(
+            Path(file), std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
         return Path(file);
     }
     std::string Read(const std::string& file) const {

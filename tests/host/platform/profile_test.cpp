@@ -41,13 +41,14 @@ TEST(Profile, FindsValuesAndNumbers) {
         {"Key=1\n[Other]\nKey=2\n", "Key", "none", -77},
         {"[Main]\nKey\n=1\n[Main\nKey\0=1\n"s, "Key", "none", -77},
         {"[Main]\nKey=1\0002\n"s, "Key", "1", 1},
+        {"[Main]\nKey=2\0001\n"s, "Key", "2", 2},
         {"[Main]\nKey=4294967295\n", "Key", "4294967295", -1},
         {"[Main]\n\xB0\x41=1\n\xB0\x61=2\n", "\xB0\x61", "2", 2},
         {"[Main]\nKey=" + std::string(70000, '8') + "\n", "Key", std::string(70000, '8'), 954437176},
         {"", "Key", "none", -77},
     };
     const ScratchFolder folder;
-    for (const Case& one : cases) {  // one file, so that each call has to read it anew
+    for (const Case& one : cases) {  // one file, of which each change has to be seen
         const std::string path = folder.Write("a.ini", one.File);
         EXPECT_EQ(Text("Main", one.Key, "none  ", path),
                   one.Value + "\0|"s + std::to_string(one.Value.size()))
