@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -191,14 +190,13 @@ private:
 
     struct Node;
     struct Block;
-    struct Registry;
+    struct Bucket;
 
-    mutable std::mutex m_Lock;
     Node* m_pHead = nullptr;
     Node* m_pTail = nullptr;
     Node* m_pFree = nullptr;
     Block* m_pBlocks = nullptr;
-    CRtmPtrList* m_pNeighbour = nullptr;  // in the registry
+    CRtmPtrList* m_pNeighbour = nullptr;  // in its bucket
 };
 
 // TakeAllItems by the four calls that every queue has. The caller holds the map guard, and so must whoever

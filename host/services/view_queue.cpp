@@ -1,6 +1,7 @@
 // The view queue: the module adds on its thread, the host takes on its own.
 #include <array>
 #include <memory>
+#include <mutex>
 #include <span>
 #include <utility>
 
@@ -22,24 +23,21 @@ struct CRtmPtrList::Block {
 };
 
 // The lists that exist, in buckets by address: a window may take from a queue whose address came by a message
-// that was queued before the queue went away. The lock keeps a list alive while an item is taken off.
-// Entering a list needs no memory.
-struct CRtmPtrList::Registry {
+// that was queued before the queue went away. A bucket's lock is that of its lists: it keeps a list alive
+// while an item is taken off. Entering a list needs no memory.
+struct CRtmPtrList::Bucket {
     std::mutex Lock;
-    std::array<CRtmPtrList*, 4096> Buckets{};
+    CRtmPtrList* First = nullptr;
 
-    static Registry& Get() {
-        static auto* const registry = new Registry;
-        return *registry;
-    }
-
-    CRtmPtrList*& BucketOf(const void* list) {
+    // Most are never touched, and then take no memory.
+    static Bucket& Of(const void* list) {
+        static constinit std::array<Bucket, 65536> buckets;
         constexpr uintptr_t kLineBits = 6;
-        return Buckets[(reinterpret_cast<uintptr_t>(list) >> kLineBits) % Buckets.size()];
+        return buckets[(reinterpret_cast<uintptr_t>(list) >> kLineBits) % buckets.size()];
     }
     // The pointer that leads to the list, or the null pointer at the bucket's end.
     CRtmPtrList** Find(const void* list) {
-        CRtmPtrList** place = &BucketOf(list);
+        CRtmPtrList** place = &First;
         while (*place != nullptr && *place != list) {
             place = &(*place)->m_pNeighbour;
         }
@@ -48,16 +46,16 @@ struct CRtmPtrList::Registry {
 };
 
 CRtmPtrList::CRtmPtrList() {
-    Registry& registry = Registry::Get();
-    const std::lock_guard hold(registry.Lock);
-    m_pNeighbour = std::exchange(registry.BucketOf(this), this);
+    Bucket& bucket = Bucket::Of(this);
+    const std::lock_guard hold(bucket.Lock);
+    m_pNeighbour = std::exchange(bucket.First, this);
 }
 
 CRtmPtrList::~CRtmPtrList() {
     {
-        Registry& registry = Registry::Get();
-        const std::lock_guard hold(registry.Lock);
-        *registry.Find(this) = m_pNeighbour;
+        Bucket& bucket = Bucket::Of(this);
+        const std::lock_guard hold(bucket.Lock);
+        *bucket.Find(this) = m_pNeighbour;
     }
     DropViewMessages(this);
     while (m_pBlocks != nullptr) {
@@ -67,7 +65,7 @@ CRtmPtrList::~CRtmPtrList() {
 }
 
 POSITION CRtmPtrList::AddTail(void* item) {
-    const std::lock_guard hold(m_Lock);
+    const std::lock_guard hold(Bucket::Of(this).Lock);
     Node* node = m_pFree;
     if (node != nullptr) {
         m_pFree = node->Next;
@@ -86,12 +84,12 @@ POSITION CRtmPtrList::AddTail(void* item) {
 }
 
 POSITION CRtmPtrList::GetHeadPosition() const {
-    const std::lock_guard hold(m_Lock);
+    const std::lock_guard hold(Bucket::Of(this).Lock);
     return reinterpret_cast<POSITION>(m_pHead);
 }
 
 void* CRtmPtrList::GetNext(POSITION& position) const {
-    const std::lock_guard hold(m_Lock);
+    const std::lock_guard hold(Bucket::Of(this).Lock);
     const Node* const node = reinterpret_cast<const Node*>(position);
     if (node == nullptr || !node->Queued) {
         position = nullptr;
@@ -118,28 +116,24 @@ void* CRtmPtrList::RemoveHead() {
 }
 
 void CRtmPtrList::RemoveAll() {
-    const std::lock_guard hold(m_Lock);
+    const std::lock_guard hold(Bucket::Of(this).Lock);
     while (m_pHead != nullptr) {
         RemoveHead();
     }
 }
 
 void TakeAllItems(CRtmPtrList& queue, void (*take)(void* item)) {
-    const std::lock_guard hold(queue.m_Lock);
+    const std::lock_guard hold(CRtmPtrList::Bucket::Of(&queue).Lock);
     while (void* const item = queue.RemoveHead()) {
         take(item);
     }
 }
 
 void* CRtmPtrList::TakeFrom(const void* list) {
-    Registry& registry = Registry::Get();
-    const std::lock_guard hold(registry.Lock);
-    CRtmPtrList* const found = *registry.Find(list);
-    if (found == nullptr) {
-        return nullptr;
-    }
-    const std::lock_guard holdList(found->m_Lock);
-    return found->RemoveHead();
+    Bucket& bucket = Bucket::Of(list);
+    const std::lock_guard hold(bucket.Lock);
+    CRtmPtrList* const found = *bucket.Find(list);
+    return found == nullptr ? nullptr : found->RemoveHead();
 }
 
 int tickhost_take_view_item(void* queue, char** data, int* length) {
