@@ -85,7 +85,13 @@ void CRTMPacketDecoder::ClearViewQueue() {
 }
 
 void CRTMPacketDecoder::PostToView(ViewBuffer buffer) {
-    if (!buffer || !HasWindow()) {
+    if (HasWindow()) {
+        Enqueue(std::move(buffer));
+    }
+}
+
+void CRTMPacketDecoder::Enqueue(ViewBuffer buffer) {
+    if (!buffer) {
         return;
     }
     auto* item = new (std::nothrow) ViewItem;
@@ -118,7 +124,7 @@ void CRTMPacketDecoder::TellWindow() {
 
 void CRTMPacketDecoder::PostOutput() {
     if (m_Output && HasWindow()) {
-        PostToView(m_Output.Copy());
+        Enqueue(m_Output.Copy());
     }
 }
 

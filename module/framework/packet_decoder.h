@@ -185,6 +185,7 @@ private:
     void FollowHead(uint64_t head);
     void EnterChain();
     void LeaveChain();
+    void Enqueue(ViewBuffer buffer);
     void TellWindow();
 
     int m_nUntold = 0;  // items in the queue that the window has had no message of

@@ -9,10 +9,11 @@
 #include "module/wire/codecs.h"
 #include "module/wire/shapes.h"
 
-// Counts the rows in the front's repeat head; the rows are still blank. Empty if memory fails.
+// Counts the rows in the front's repeat head; the rows' bytes are for the caller to write, all of them. Empty
+// if memory fails.
 template <class Row, class Front>
 ViewBuffer RowsBuffer(const Front& front, std::size_t rows) {
-    ViewBuffer buffer = ViewBuffer::Blank(sizeof(Front) + rows * sizeof(Row));
+    ViewBuffer buffer = ViewBuffer::Unwritten(sizeof(Front) + rows * sizeof(Row));
     if (buffer) {
         auto& packed = buffer.template As<Front>();
         packed = front;

@@ -1,5 +1,5 @@
-// A buffer on its way to the view: the request tag, then the body. It is filled with spaces at birth, has one
-// owner at a time, and is given away in one place, CRTMPacketDecoder::PostToView.
+// A buffer on its way to the view: the request tag, then the body. It has one owner at a time, and is given
+// away in one place, CRTMPacketDecoder::PostToView.
 #ifndef TICKMUX_MODULE_FRAMEWORK_VIEW_BUFFER_H
 #define TICKMUX_MODULE_FRAMEWORK_VIEW_BUFFER_H
 
@@ -15,18 +15,28 @@ class ViewBuffer {
 public:
     ViewBuffer() = default;
 
-    // Empty if memory fails. `bytes` counts the tag.
+    // Each is empty if memory fails. `bytes` counts the tag.
+
+    // Of bytes that its maker writes, all of them.
+    static ViewBuffer Unwritten(std::size_t bytes) {
+        ViewBuffer buffer;
+        buffer.m_pBytes.reset(new (std::nothrow) char[bytes]);
+        buffer.m_nBytes = buffer ? bytes : 0;
+        return buffer;
+    }
+
+    // Of spaces.
     static ViewBuffer Blank(std::size_t bytes) {
-        ViewBuffer buffer = Uninitialised(bytes);
+        ViewBuffer buffer = Unwritten(bytes);
         if (buffer) {
             std::memset(buffer.m_pBytes.get(), ' ', bytes);
         }
         return buffer;
     }
 
-    // A whole packet, which has no request tag. Empty if memory fails.
+    // A whole packet, which has no request tag.
     static ViewBuffer OfPacket(const char* packet, std::size_t bytes) {
-        ViewBuffer buffer = Uninitialised(bytes);
+        ViewBuffer buffer = Unwritten(bytes);
         if (buffer) {
             std::memcpy(buffer.m_pBytes.get(), packet, bytes);
             buffer.m_nTagBytes = 0;
@@ -35,7 +45,7 @@ public:
     }
 
     ViewBuffer Copy() const {
-        ViewBuffer copy = Uninitialised(m_nBytes);
+        ViewBuffer copy = Unwritten(m_nBytes);
         if (copy) {
             std::memcpy(copy.m_pBytes.get(), m_pBytes.get(), m_nBytes);
         }
@@ -61,13 +71,6 @@ public:
     }
 
 private:
-    static ViewBuffer Uninitialised(std::size_t bytes) {
-        ViewBuffer buffer;
-        buffer.m_pBytes.reset(new (std::nothrow) char[bytes]);
-        buffer.m_nBytes = buffer ? bytes : 0;
-        return buffer;
-    }
-
     std::unique_ptr<char[]> m_pBytes;
     std::size_t m_nBytes = 0;
     std::size_t m_nTagBytes = sizeof(RequestTag);

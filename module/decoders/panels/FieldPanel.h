@@ -6,6 +6,7 @@
 #define TICKMUX_MODULE_DECODERS_PANELS_FIELDPANEL_H
 
 #include <cstring>
+#include <span>
 #include <utility>
 
 #include "module/decoders/panels/PanelRecord.h"
@@ -51,6 +52,7 @@ private:
     FieldRange m_Range;
     RequestTag m_Tag{};
     Record m_Fields;
+    std::span<char> m_Shown;  // the range of them
 };
 
 // A text that is refused leaves key, range and record as they were, and the tag of a change that still waits.
@@ -66,8 +68,9 @@ int PanelDecoder<Kind>::OnInit(InitReader& in) {
     }
     m_Tag = in.Tag();
     m_Range = range;
+    m_Shown = m_Fields.Of(range);
     m_Fields.Clear();
-    in.ReadBytes(m_Fields.At(range), in.Remain());
+    in.ReadBytes(m_Shown.data(), in.Remain());
     TakeBase();
     m_Key.MoveTo(init.Key);
     return 1;
@@ -75,11 +78,10 @@ int PanelDecoder<Kind>::OnInit(InitReader& in) {
 
 template <class Kind>
 void PanelDecoder<Kind>::OnEndUnpack() {
-    const std::size_t size = Record::SizeOf(m_Range);
-    ViewBuffer buffer = ViewBuffer::Blank(sizeof(m_Tag) + size);
+    ViewBuffer buffer = ViewBuffer::Unwritten(sizeof(m_Tag) + m_Shown.size());
     if (buffer) {
         buffer.As<RequestTag>() = m_Tag;
-        std::memcpy(buffer.Bytes() + sizeof(m_Tag), m_Fields.At(m_Range), size);
+        std::memcpy(buffer.Bytes() + sizeof(m_Tag), m_Shown.data(), m_Shown.size());
         PostToView(std::move(buffer));
     }
 }

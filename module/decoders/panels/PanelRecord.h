@@ -3,6 +3,7 @@
 #define TICKMUX_MODULE_DECODERS_PANELS_PANELRECORD_H
 
 #include <cstddef>
+#include <span>
 
 #include "module/layouts/field_panel.h"
 #include "module/wire/shapes.h"
@@ -39,7 +40,9 @@ public:
         return *reinterpret_cast<char(*)[kColorWidth]>(m_Bytes + WidthOf(Table, 0, Number));
     }
 
-    char* At(const FieldRange& range) { return m_Bytes + WidthOf(Table, 0, range.First); }
+    std::span<char> Of(const FieldRange& range) {
+        return {m_Bytes + WidthOf(Table, 0, range.First), SizeOf(range)};
+    }
     static std::size_t SizeOf(const FieldRange& range) {
         return static_cast<std::size_t>(WidthOf(Table, range.First, range.Last + 1));
     }
