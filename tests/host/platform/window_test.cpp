@@ -185,3 +185,31 @@ TEST(Window, DestroyedFromAnotherThreadLetsItsProcedureEndAndItsSendersGo) {
     EXPECT_EQ(destroyer.get(), "8:0:0 ");
     EXPECT_EQ(screen.Taken(), "6:0:0 ");
 }
+
+TEST(Window, RunsNoProcedureOnceItsDestroyerIsBack) {
+    constexpr int kWindows = 3000;
+    std::atomic<HWND> open = nullptr;
+    std::atomic<bool> over = false;
+    std::atomic<bool> destroyed = false;
+    std::thread destroyer([&] {
+        while (!over) {
+            if (auto* const window = open.exchange(nullptr)) {
+                tickhost_destroy_window(window);
+                destroyed = true;
+            }
+        }
+    });
+    for (int i = 0; i < kWindows; ++i) {
+        Screen screen;
+        screen.OnMessage = [&](uint32_t) { EXPECT_FALSE(destroyed); };
+        destroyed = false;
+        open = screen.Window();
+        while (SendNotifyMessageA(screen.Window(), 1, 0, 0)) {
+        }
+        while (!destroyed) {
+            EXPECT_EQ(SendMessageA(screen.Window(), 2, 0, 0), 0);
+        }
+    }
+    over = true;
+    destroyer.join();
+}
