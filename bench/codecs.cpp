@@ -1,4 +1,5 @@
-// The field codecs beside the formatted print and the C library's scans.
+// The field codecs beside the formatted print and the C library's scans, and beside std::to_chars and
+// std::from_chars.
 
 #include <benchmark/benchmark.h>
 
@@ -6,6 +7,7 @@
 #include <cstring>
 #include <memory>
 
+#include "bench/competent/codecs.h"
 #include "bench/plain/codecs.h"
 #include "bench/support/question.h"
 #include "module/wire/codecs.h"
@@ -40,20 +42,30 @@ std::function<void()> Pass(const Values<Value>& values, One one) {
     };
 }
 
-// Both ways must give the same text for all values.
-template <class Value, class Plain, class Module>
-bench::Question Ask(const std::string& what, double aim, const Values<Value>& values, Plain plain,
-                    Module module) {
-    for (const Value& value : values) {
-        char first[32] = {};
-        char second[32] = {};
-        plain(value, first);
-        module(value, second);
-        if (std::memcmp(first, second, sizeof(first)) != 0) {
-            bench::Differ(what);
-        }
+using Text = std::array<char, 32>;
+
+template <class Value, class One>
+std::vector<Text> TextsOf(const Values<Value>& values, One one) {
+    std::vector<Text> texts(values.size());
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        one(values[i], texts[i].data());
     }
-    return {what, aim, kValues, Pass(values, plain), Pass(values, module)};
+    return texts;
+}
+
+// All ways must give the same text for all values. `other` is told whose codecs it takes.
+template <class Value, class Other, class Module>
+bench::Question Ask(const std::string& what, double aim, const Values<Value>& values, Other other,
+                    Module module) {
+    const auto plainly = [other](const Value& value, char* field) { other(plain::Codecs(), value, field); };
+    const auto competently = [other](const Value& value, char* field) {
+        other(competent::Codecs(), value, field);
+    };
+    const std::vector<Text> texts = TextsOf(values, module);
+    if (TextsOf(values, plainly) != texts || TextsOf(values, competently) != texts) {
+        bench::Differ(what);
+    }
+    return {what, {aim}, kValues, Pass(values, module), Pass(values, plainly), Pass(values, competently)};
 }
 
 // What a field of so many characters is to a codec that knows its width.
@@ -86,7 +98,7 @@ struct NumberText {
 
 NumberText MakeText(int32_t value, int length) {
     NumberText text{};
-    plain::LongToAscii(value, text.Text, length);
+    plain::Codecs::LongToAscii(value, text.Text, length);
     text.Length = length;
     return text;
 }
@@ -118,53 +130,61 @@ int main(int argc, char** argv) {
     const auto decimals = Made<NumberText>([](Market& market) {
         NumberText text{};
         text.Length = 12;
-        plain::DoubleToAscii(market.Number(90'000'000) / 10000.0, text.Text, 12,
-                             market.Below(2) == 0 ? 2 : 4);
+        plain::Codecs::DoubleToAscii(market.Number(90'000'000) / 10000.0, text.Text, 12,
+                                     market.Below(2) == 0 ? 2 : 4);
         return text;
     });
 
     const std::vector<bench::Question> questions = {
         Ask(
             "LongToAscii, length at run time", 10, mixed,
-            [](const WideInteger& v, char* field) { plain::LongToAscii(v.Value, field, v.Length); },
+            [](auto codecs, const WideInteger& v, char* field) {
+                codecs.LongToAscii(v.Value, field, v.Length);
+            },
             [](const WideInteger& v, char* field) { LongToAscii(v.Value, field, v.Length); }),
         Ask(
-            "the same, width 12 known", 15, integers,
-            [](int32_t v, char* field) { plain::LongToAscii(v, field, 12); },
+            "the same, width 12 known", 13, integers,
+            [](auto codecs, int32_t v, char* field) { codecs.LongToAscii(v, field, 12); },
             [](int32_t v, char* field) { Put(Field<12>(field), v); }),
         Ask(
             "Int64ToAscii, width 15", 15, totals,
-            [](int64_t v, char* field) { plain::Int64ToAscii(v, field, 15); },
+            [](auto codecs, int64_t v, char* field) { codecs.Int64ToAscii(v, field, 15); },
             [](int64_t v, char* field) { Put(Field<15>(field), v); }),
         Ask(
             "Int64ToAscii, width 18", 15, totals,
-            [](int64_t v, char* field) { plain::Int64ToAscii(v, field, 18); },
+            [](auto codecs, int64_t v, char* field) { codecs.Int64ToAscii(v, field, 18); },
             [](int64_t v, char* field) { Put(Field<18>(field), v); }),
         Ask(
             "DoubleToAscii, 12 wide, 4 decimals", 25, indices,
-            [](double v, char* field) { plain::DoubleToAscii(v, field, 12, 4); },
+            [](auto codecs, double v, char* field) { codecs.DoubleToAscii(v, field, 12, 4); },
             [](double v, char* field) { Put<4>(Field<12>(field), v); }),
         Ask(
             "DoubleToAscii, 15 wide, 4 decimals", 25, indices,
-            [](double v, char* field) { plain::DoubleToAscii(v, field, 15, 4); },
+            [](auto codecs, double v, char* field) { codecs.DoubleToAscii(v, field, 15, 4); },
             [](double v, char* field) { Put<4>(Field<15>(field), v); }),
         Ask(
             "DoubleToAscii, 6 wide, 2 decimals", 18, rates,
-            [](double v, char* field) { plain::DoubleToAscii(v, field, 6, 2); },
+            [](auto codecs, double v, char* field) { codecs.DoubleToAscii(v, field, 6, 2); },
             [](double v, char* field) { Put<2>(Field<6>(field), v); }),
         Ask(
             "AsciiToLong, lengths mixed", 4, texts,
-            [](const NumberText& t, char* field) { Keep(plain::AsciiToLong(t.Text, t.Length), field); },
+            [](auto codecs, const NumberText& t, char* field) {
+                Keep(codecs.AsciiToLong(t.Text, t.Length), field);
+            },
             [](const NumberText& t, char* field) { Keep(AsciiToLong(t.Text, t.Length), field); }),
         Ask(
             "AsciiToLong, width 12 known", 8, texts12,
-            [](const NumberText& t, char* field) { Keep(plain::AsciiToLong(t.Text, 12), field); },
+            [](auto codecs, const NumberText& t, char* field) {
+                Keep(codecs.AsciiToLong(t.Text, 12), field);
+            },
             [](const NumberText& t, char* field) {
                 Keep(ToLong(*reinterpret_cast<const char(*)[12]>(t.Text)), field);
             }),
         Ask(
             "AsciiToDouble, 12 wide", 5, decimals,
-            [](const NumberText& t, char* field) { Keep(plain::AsciiToDouble(t.Text, 12), field); },
+            [](auto codecs, const NumberText& t, char* field) {
+                Keep(codecs.AsciiToDouble(t.Text, 12), field);
+            },
             [](const NumberText& t, char* field) { Keep(AsciiToDouble(t.Text, 12), field); }),
     };
     return bench::Ask(argc, argv, questions);

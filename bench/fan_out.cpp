@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
     }
     script.nBatch = 0;
     bench::Question question =
-        bench::Compare("fan-out to 1,000 decoders of other keys, per decoder", 5, script);
+        bench::Compare("fan-out to 1,000 decoders of other keys, per decoder", {5}, script);
     question.Items *= kDecoders;
     return bench::Ask(argc, argv, {question});
 }

@@ -10,5 +10,6 @@ int main(int argc, char** argv) {
     for (int i = 0; i < 512; ++i) {
         script.Feed.push_back(market.NextBook("1ASII").Bytes());
     }
-    return bench::Ask(argc, argv, {bench::Compare("a book packet into the order book and out", 20, script)});
+    return bench::Ask(argc, argv,
+                      {bench::Compare("a book packet into the order book and out", {14, 3.5}, script)});
 }

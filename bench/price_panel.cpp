@@ -12,5 +12,5 @@ int main(int argc, char** argv) {
         script.Feed.push_back(market.NextTrade("1ASII").Bytes());
     }
     return bench::Ask(argc, argv,
-                      {bench::Compare("a trade into the current-price panel and out", 12, script)});
+                      {bench::Compare("a trade into the current-price panel and out", {6, 1.6}, script)});
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Runs the benchmarks and prints one table of what, plain ns, module ns, ratio and aim; a row without a plain form
-has the module alone.
+"""Runs the benchmarks and prints one table: what the module, the competent form, the plain form and sending alone take,
+and for each of the two forms its ratio to the module and the aim of it. A row without the forms has the module alone.
 
     bench/report.py [--record] PROGRAMS-FOLDER WORKSPACE CAPTURE
 
@@ -20,7 +20,8 @@ import subprocess
 import sys
 
 COMPARED = ["codecs", "tick_list", "tick_batches", "order_book", "price_panel", "board_trade", "fan_out"]
-ALONE = ["closed_candle", "rejecting_monitors", "order_fill", "mixed_session"]  # no plain form plays them
+ALONE = ["closed_candle", "rejecting_monitors", "order_fill", "mixed_session"]  # no other form plays them
+FORMS = ["module", "competent", "plain", "floor"]  # the floor is sending alone
 DOCS = pathlib.Path("docs")
 HISTORY = DOCS / "performance_history.csv"
 BEGIN, END = "<!-- measured: begin -->", "<!-- measured: end -->"
@@ -39,7 +40,7 @@ def nanoseconds(benchmark):
 
 
 def compared(folder, session):
-    """Rows of (what, medians of the repetitions by form, with the aim)."""
+    """Rows of (what, medians of the repetitions by form, with the aims)."""
     rows = []
     for name in COMPARED + ALONE:
         print(f"{name} ...", file=sys.stderr)
@@ -47,7 +48,8 @@ def compared(folder, session):
         for benchmark in run(folder / f"bench_{name}", *(session if name == "mixed_session" else [])):
             if benchmark.get("aggregate_name") == "median":
                 what, form = benchmark["run_name"].rsplit("/", 1)
-                medians.setdefault(what, {"aim": benchmark["aim"]})[form] = nanoseconds(benchmark)
+                aims = {key: benchmark[key] for key in ("plain aim", "competent aim")}
+                medians.setdefault(what, aims)[form] = nanoseconds(benchmark)
         rows += sorted(medians.items())
     return rows
 
@@ -79,7 +81,7 @@ def add_to_history(rows):
     with HISTORY.open("a", encoding="utf-8", newline="") as lines:
         writer = csv.writer(lines, lineterminator="\n")
         for what, ns in rows:
-            for form in ("plain", "module", "floor"):
+            for form in FORMS:
                 if form in ns:
                     writer.writerow([today, revision.strip(), what, form, f"{ns[form]:.1f}"])
 
@@ -91,19 +93,19 @@ def table(head, rows):
 
 
 def comparison_table(rows):
-    """The last two: what sending the same buffers costs alone, and the ratio of a module that did no more."""
     def figure(value):
-        return f"{value:.1f}"
+        return f"{value:.1f}" if value else ""
 
     before = last_recorded()
     lines = []
     for what, ns in rows:
-        plain, floor = ns.get("plain"), ns.get("floor")
-        lines.append([what, figure(plain) if plain else "", figure(ns["module"]),
-                      figure(before[what]) if what in before else "",
-                      figure(plain / ns["module"]) if plain else "", f"{ns['aim']:g}" if plain else "",
-                      figure(floor) if floor else "", figure(plain / floor) if plain and floor else ""])
-    return table(["what", "plain ns", "module ns", "before", "ratio", "aim", "sending alone ns", "plain / sending"], lines)
+        line = [what, figure(before.get(what)), *(figure(ns.get(form)) for form in FORMS)]
+        for form in ("plain", "competent"):
+            aim = ns[f"{form} aim"]
+            line += [figure(ns.get(form, 0) / ns["module"]), f"{aim:g}" if aim else ""]
+        lines.append(line)
+    return table(["what", "before", "module ns", "competent ns", "plain ns", "sending alone ns",
+                  "plain / module", "aim", "competent / module", "aim"], lines)
 
 
 def growth_table(curves):

@@ -8,53 +8,35 @@
 
 namespace plain {
 
-int SignToColor(char* dst, char sign) {
-    int direction = 0;
-    if (sign >= '1' && sign <= '4') {
-        direction = 1;
-    } else if (sign >= '5' && sign <= '8') {
-        direction = -1;
-    }
-    if (dst != nullptr) {
-        ColorOf(direction, dst);
-    }
-    return direction;
-}
-
-void ColorOf(int direction, char* dst) {
-    dst[0] = direction > 0 ? '1' : direction < 0 ? '4' : '5';
-    dst[1] = ' ';
-}
-
-int32_t AsciiToLong(const char* src, int n) {
+int32_t Codecs::AsciiToLong(const char* src, int n) {
     return static_cast<int32_t>(std::clamp<int64_t>(AsciiToInt64(src, n), INT32_MIN, INT32_MAX));
 }
 
-int64_t AsciiToInt64(const char* src, int n) {
+int64_t Codecs::AsciiToInt64(const char* src, int n) {
     char text[24] = {};
     memcpy(text, src, static_cast<size_t>(n));
     return strtoll(text, nullptr, 10);
 }
 
-double AsciiToDouble(const char* src, int n) {
+double Codecs::AsciiToDouble(const char* src, int n) {
     char text[32] = {};
     memcpy(text, src, static_cast<size_t>(n));
     return strtod(text, nullptr);
 }
 
-void LongToAscii(int32_t value, char* dst, int len) {
+void Codecs::LongToAscii(int32_t value, char* dst, int len) {
     char text[24] = {};
     snprintf(text, sizeof(text), "%*" PRId32, len, value);
     memcpy(dst, text, static_cast<size_t>(len));
 }
 
-void Int64ToAscii(int64_t value, char* dst, int len) {
+void Codecs::Int64ToAscii(int64_t value, char* dst, int len) {
     char text[24] = {};
     snprintf(text, sizeof(text), "%*" PRId64, len, value);
     memcpy(dst, text, static_cast<size_t>(len));
 }
 
-void DoubleToAscii(double value, char* dst, int len, int dec) {
+void Codecs::DoubleToAscii(double value, char* dst, int len, int dec) {
     char text[32] = {};
     snprintf(text, sizeof(text), "%*.*f", len, dec, value);
     if (value == 0.0) {

@@ -9,14 +9,19 @@ namespace bench {
 
 namespace {
 
-void Register(const std::string& name, const Question& question, const std::function<void()>& pass) {
+void Register(const Question& question, const char* form, const Pass& pass) {
+    if (!pass) {
+        return;
+    }
+    const std::string name = question.What + "/" + form;
     benchmark::RegisterBenchmark(name.c_str(), [&question, &pass](benchmark::State& state) {
         pass();  // what a first pass allocates is not the question
         for ([[maybe_unused]] auto _ : state) {
             pass();
         }
         state.SetItemsProcessed(state.iterations() * question.Items);
-        state.counters["aim"] = question.Aim;
+        state.counters["plain aim"] = question.Aim.Plain;
+        state.counters["competent aim"] = question.Aim.Competent;
     });
 }
 
@@ -35,20 +40,17 @@ int Ask(int argc, char** argv, const std::vector<Question>& questions) {
         return 2;
     }
     for (const Question& question : questions) {
-        if (question.Plain) {
-            Register(question.What + "/plain", question, question.Plain);
-        }
-        Register(question.What + "/module", question, question.Module);
-        if (question.Floor) {
-            Register(question.What + "/floor", question, question.Floor);
-        }
+        Register(question, "plain", question.Plain);
+        Register(question, "competent", question.Competent);
+        Register(question, "module", question.Module);
+        Register(question, "floor", question.Floor);
     }
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
 
 void Differ(const std::string& what) {
-    std::cerr << "the plain form and the module are not to be compared: " << what << "\n";
+    std::cerr << "the forms are not to be compared: " << what << "\n";
     std::exit(1);
 }
 

@@ -1,4 +1,4 @@
-// A session that both forms play: screens with their windows, packets, and batch ends.
+// A session that all forms play: screens with their windows, packets, and batch ends.
 #ifndef TICKMUX_BENCH_SUPPORT_SESSION_H
 #define TICKMUX_BENCH_SUPPORT_SESSION_H
 
@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "bench/support/plain_form.h"
 #include "bench/support/question.h"
+#include "bench/support/written_form.h"
 #include "host/platform/platform.h"
 #include "host/services/services.h"
 #include "tests/support/host_parts.h"
@@ -87,7 +87,7 @@ private:
 
         void OnMessage(uint32_t message, uintptr_t wParam, intptr_t /*lParam*/) const {
             if (message == WM_TICKMUX_VIEW) {
-                Fetch<Form>(wParam, nTagBytes, [this](std::string_view buffer) {
+                Fetch(wParam, nTagBytes, [this](std::string_view buffer) {
                     if (Owner.m_bKeeping) {
                         Owner.m_Sent.emplace_back(buffer);
                     }
@@ -146,23 +146,25 @@ private:
 // The script as a question of the module alone. The floor is the sending alone.
 inline Question Alone(const std::string& what, const Script& script) {
     auto module = std::make_shared<Session<ModuleForm>>(script);
-    Question question{what, 0, static_cast<int64_t>(script.Feed.size()), nullptr,
-                      [module] { module->Pass(); }};
+    Question question{what, {}, static_cast<int64_t>(script.Feed.size()), [module] { module->Pass(); }};
     if (const Buffers sent = module->Sent(); !sent.empty()) {
         question.Floor = [sending = std::make_shared<Sending>(sent)] { sending->Pass(); };
     }
     return question;
 }
 
-// The same beside the plain form; nothing is asked before both have sent the same, byte for byte.
-inline Question Compare(const std::string& what, double aim, const Script& script) {
+// The same beside the other forms; nothing is asked before all have sent the same, byte for byte.
+inline Question Compare(const std::string& what, const Aims& aims, const Script& script) {
     auto plainForm = std::make_shared<Session<PlainForm>>(script);
-    if (plainForm->Sent() != Session<ModuleForm>(script).Sent()) {
+    auto competentForm = std::make_shared<Session<CompetentForm>>(script);
+    const Buffers sent = Session<ModuleForm>(script).Sent();
+    if (plainForm->Sent() != sent || competentForm->Sent() != sent) {
         Differ(what);
     }
     Question question = Alone(what, script);
-    question.Aim = aim;
+    question.Aim = aims;
     question.Plain = [plainForm] { plainForm->Pass(); };
+    question.Competent = [competentForm] { competentForm->Pass(); };
     return question;
 }
 

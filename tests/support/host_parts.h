@@ -34,10 +34,6 @@ struct ModuleForm {
         return PutRTMPacketToDecoder(const_cast<char*>(packet.data()), static_cast<int>(packet.size()));
     }
     static void EndBatch() { EndRTMUnpackToDecoder(); }
-    static bool Take(void* queue, char** data, int* length) {
-        return tickhost_take_view_item(queue, data, length) != 0;
-    }
-    static void Free(char* data) { tickhost_free_view_data(data); }
 };
 
 struct ScreenToOpen {
@@ -51,15 +47,15 @@ inline std::size_t TagBytesOf(std::string_view map) {
 }
 
 // Takes one item off the queue of a message and shows its buffer; false: the queue is empty.
-template <class Form = ModuleForm, class Show>
+template <class Show>
 bool Fetch(uintptr_t queue, std::size_t tagBytes, const Show& show) {
     char* data = nullptr;
     int length = 0;
-    if (!Form::Take(reinterpret_cast<void*>(queue), &data, &length)) {
+    if (tickhost_take_view_item(reinterpret_cast<void*>(queue), &data, &length) == 0) {
         return false;
     }
     show(std::string_view(data, static_cast<std::size_t>(length) + tagBytes));
-    Form::Free(data);
+    tickhost_free_view_data(data);
     return true;
 }
 

@@ -1,12 +1,14 @@
-// The plain form by the functions that the module exports.
-#ifndef TICKMUX_BENCH_SUPPORT_PLAIN_FORM_H
-#define TICKMUX_BENCH_SUPPORT_PLAIN_FORM_H
+// A form that bench/ has written, by the functions that the module exports.
+#ifndef TICKMUX_BENCH_SUPPORT_WRITTEN_FORM_H
+#define TICKMUX_BENCH_SUPPORT_WRITTEN_FORM_H
 
 #include <string>
 
-#include "bench/plain/framework.h"
+#include "bench/competent/competent.h"
+#include "bench/plain/plain.h"
 
-struct PlainForm {
+template <class Style>
+struct WrittenForm {
     uintptr_t Regist(HWND window, const char* map) { return Module.RegistMap(window, map); }
     void Unregist(uintptr_t map) { Module.UnregistMap(map); }
     int Init(uintptr_t map, const std::string& text) { return Module.InitMap(map, text.c_str()); }
@@ -14,12 +16,11 @@ struct PlainForm {
         Module.PutRTMPacketToDecoder(packet.data(), static_cast<int>(packet.size()));
     }
     void EndBatch() { Module.EndRTMUnpackToDecoder(); }
-    static bool Take(void* queue, char** data, int* length) {
-        return plain::TakeViewItem(queue, data, length);
-    }
-    static void Free(const char* data) { delete[] data; }
 
-    plain::Module Module;
+    forms::Module<Style> Module;
 };
+
+using PlainForm = WrittenForm<plain::Style>;
+using CompetentForm = WrittenForm<competent::Style>;
 
 #endif

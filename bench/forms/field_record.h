@@ -1,17 +1,15 @@
 // A panel's record of numbered fields, with the place of each worked out once.
-#ifndef TICKMUX_BENCH_PLAIN_FIELD_RECORD_H
-#define TICKMUX_BENCH_PLAIN_FIELD_RECORD_H
+#ifndef TICKMUX_BENCH_FORMS_FIELD_RECORD_H
+#define TICKMUX_BENCH_FORMS_FIELD_RECORD_H
 
 #include <cstring>
 #include <vector>
 
-#include "bench/plain/codecs.h"
-#include "bench/plain/rates.h"
-#include "module/decoders/panels/PanelRecord.h"
 #include "module/layouts/field_panel.h"
 
-namespace plain {
+namespace forms {
 
+template <class Style>
 class FieldRecord {
 public:
     template <size_t Fields>
@@ -32,11 +30,11 @@ public:
     char* Value(int number) { return Color(number) + (m_pTable[number].HasColor ? 2 : 0); }
     int Width(int number) const { return m_pTable[number].Width - (m_pTable[number].HasColor ? 2 : 0); }
 
-    int32_t ReadLong(int number) { return AsciiToLong(Value(number), Width(number)); }
-    double ReadDouble(int number) { return AsciiToDouble(Value(number), Width(number)); }
-    void WriteLong(int number, int32_t value) { LongToAscii(value, Value(number), Width(number)); }
+    int32_t ReadLong(int number) { return Style::AsciiToLong(Value(number), Width(number)); }
+    double ReadDouble(int number) { return Style::AsciiToDouble(Value(number), Width(number)); }
+    void WriteLong(int number, int32_t value) { Style::LongToAscii(value, Value(number), Width(number)); }
     void WriteDouble(int number, double value, int dec) {
-        DoubleToAscii(value, Value(number), Width(number), dec);
+        Style::DoubleToAscii(value, Value(number), Width(number), dec);
     }
     void AddDouble(int number, double amount) { WriteDouble(number, ReadDouble(number) + amount, 0); }
 
@@ -46,6 +44,6 @@ private:
     std::vector<char> m_Bytes;
 };
 
-}  // namespace plain
+}  // namespace forms
 
 #endif

@@ -1,51 +1,59 @@
-// Stock panel in its plain form.
+// Stock panel.
+#ifndef TICKMUX_BENCH_FORMS_CRSTRDE01_H
+#define TICKMUX_BENCH_FORMS_CRSTRDE01_H
+
 #include <cstring>
 
-#include "bench/plain/codecs.h"
-#include "bench/plain/field_record.h"
-#include "bench/plain/framework.h"
+#include "bench/forms/colors.h"
+#include "bench/forms/field_record.h"
+#include "bench/forms/screen.h"
+#include "bench/forms/view.h"
 #include "module/layouts/RSTRDE01.h"
+#include "module/wire/change_rate.h"
+#include "module/wire/wrap.h"
 
-namespace plain {
+namespace forms {
 
+template <class Style>
 class CRSTRDE01 : public Screen {
 public:
-    explicit CRSTRDE01(HWND window) : Screen(window), m_Fields(kStockPanel) {
+    explicit CRSTRDE01(HWND window) : m_View(window), m_Fields(kStockPanel) {
         memset(m_Key, ' ', sizeof(m_Key));
         SetSlot(TradePacket::kType, sizeof(TradePacket), &CRSTRDE01::OnTradePacket);
         SetSlot(BookPacket::kType, sizeof(BookPacket), &CRSTRDE01::OnBookPacket);
     }
 
     int Init(const char* buffer) override {
-        Begin(buffer);
+        InitText<Style> in(buffer);
+        m_View.TakeTag(in);
         StockPanelInit init;
-        if (!ReadBytes(&init, sizeof(init))) {
+        if (!in.ReadBytes(&init, sizeof(init))) {
             return 0;
         }
-        const int from = AsciiToLong(init.FirstField, sizeof(init.FirstField));
-        const int to = AsciiToLong(init.LastField, sizeof(init.LastField));
+        const int from = Style::AsciiToLong(init.FirstField, sizeof(init.FirstField));
+        const int to = Style::AsciiToLong(init.LastField, sizeof(init.LastField));
         if (from < 0 || from > to || to >= m_Fields.Fields()) {
             return 0;
         }
         const int length = m_Fields.OffsetOf(to + 1) - m_Fields.OffsetOf(from);
-        if (m_nInitRemain != length) {
+        if (in.Remain() != length) {
             return 0;
         }
-        AllocOutput(length);
+        m_View.AllocPicture(length);
         m_nFromField = from;
         m_nToField = to;
         memcpy(m_Key, &init.Key, sizeof(m_Key));
         m_Fields.Clear();
-        ReadBytes(m_Fields.Color(from), length);
+        in.ReadBytes(m_Fields.Color(from), length);
         const bool hasBase = from <= Field::BasePrice && Field::BasePrice <= to;
         m_nBasePrice = hasBase ? m_Fields.ReadLong(Field::BasePrice) : 0;
         return 1;
     }
 
     void EndUnpack() override {
-        memcpy(m_pOutput + sizeof(RequestTag), m_Fields.Color(m_nFromField),
-               static_cast<size_t>(m_nOutputLen));
-        PostToView(nullptr, 0);
+        memcpy(m_View.PictureBody(), m_Fields.Color(m_nFromField),
+               static_cast<size_t>(m_Fields.OffsetOf(m_nToField + 1) - m_Fields.OffsetOf(m_nFromField)));
+        m_View.PostPicture();
     }
 
 private:
@@ -61,7 +69,7 @@ private:
             m_nBasePrice = BaseOf(trade.Price, direction, trade.Change);
         }
         const double rate =
-            ChangeRate(static_cast<double>(trade.Price) - m_nBasePrice, m_nBasePrice, direction);
+            BiasedRate(static_cast<double>(trade.Price) - m_nBasePrice, m_nBasePrice, direction);
         m_Fields.WriteLong(Field::Price, trade.Price);
         *m_Fields.Value(Field::Sign) = trade.Sign;
         m_Fields.WriteLong(Field::Change, trade.Change);
@@ -93,7 +101,7 @@ private:
         if (m_nToField < Field::Side1Total) {
             return 1;
         }
-        const int32_t value = Product32(trade.Volume, trade.Price);
+        const int32_t value = WrapMultiply(trade.Volume, trade.Price);
         if (trade.Broker1Class == 'F') {
             m_Fields.AddDouble(Field::Broker1Qty, trade.Volume);
             m_Fields.AddDouble(Field::Broker1Value, value);
@@ -125,15 +133,14 @@ private:
         ColorOf(Compare(price, m_nBasePrice), m_Fields.Color(number));
     }
 
+    View<Style> m_View;
     char m_Key[sizeof(StockKey)];
-    FieldRecord m_Fields;
+    FieldRecord<Style> m_Fields;
     int32_t m_nBasePrice = 0;
     int m_nFromField = -1;
     int m_nToField = -1;
 };
 
-Screen* NewCRSTRDE01(HWND window) {
-    return new CRSTRDE01(window);
-}
+}  // namespace forms
 
-}  // namespace plain
+#endif

@@ -1,36 +1,48 @@
-// Interest board in its plain form, without alarms.
+// Interest board, without alarms.
+#ifndef TICKMUX_BENCH_FORMS_CRSITST01_H
+#define TICKMUX_BENCH_FORMS_CRSITST01_H
+
 #include <cstring>
+#include <string_view>
 #include <vector>
 
-#include "bench/plain/codecs.h"
-#include "bench/plain/framework.h"
-#include "bench/plain/rates.h"
+#include "bench/forms/colors.h"
+#include "bench/forms/screen.h"
+#include "bench/forms/view.h"
 #include "module/layouts/RSITST01.h"
+#include "module/wire/change_rate.h"
 
-namespace plain {
+namespace forms {
 
+template <class Style>
 class CRSITST01 : public Screen {
 public:
-    explicit CRSITST01(HWND window) : Screen(window) {
+    explicit CRSITST01(HWND window) : m_View(window) {
         SetSlot(TradePacket::kType, sizeof(TradePacket), &CRSITST01::OnTradePacket);
         SetSlot(BookPacket::kType, sizeof(BookPacket), &CRSITST01::OnBookPacket);
     }
 
     int Init(const char* buffer) override {
-        Begin(buffer);
+        InitText<Style> in(buffer);
+        m_View.TakeTag(in);
         InterestInit init;
-        if (!ReadBytes(&init, sizeof(init))) {
+        if (!in.ReadBytes(&init, sizeof(init))) {
             return 0;
         }
-        const int count = AsciiToLong(init.Repeat.Count, sizeof(init.Repeat.Count));
-        const int size = AsciiToLong(init.Repeat.Size, sizeof(init.Repeat.Size));
+        const int count = Style::AsciiToLong(init.Repeat.Count, sizeof(init.Repeat.Count));
+        const int size = Style::AsciiToLong(init.Repeat.Size, sizeof(init.Repeat.Size));
         if (count < 1 || count > 200 || size != static_cast<int>(sizeof(InterestRow)) ||
-            m_nInitRemain != count * size) {
+            in.Remain() != count * size) {
             return 0;
         }
         m_Rows.resize(static_cast<size_t>(count));
         m_Dirty.assign(static_cast<size_t>(count), 0);
-        return ReadBytes(m_Rows.data(), m_nInitRemain) ? 1 : 0;
+        in.ReadBytes(m_Rows.data(), in.Remain());
+        m_Index = {};
+        for (const InterestRow& row : m_Rows) {
+            m_Index.Add({row.Code, sizeof(row.Code)});
+        }
+        return 1;
     }
 
     void EndUnpack() override {
@@ -38,7 +50,7 @@ public:
         for (const char dirty : m_Dirty) {
             count += dirty;
         }
-        char* buffer = NewRowsBuffer(offsetof(PlainRows, Repeat), count, sizeof(InterestRow));
+        char* buffer = m_View.NewRowsBuffer(offsetof(PlainRows, Repeat), count, sizeof(InterestRow));
         char* place = buffer + sizeof(PlainRows);
         for (size_t i = 0; i < m_Rows.size(); ++i) {
             if (m_Dirty[i] != 0) {
@@ -47,19 +59,18 @@ public:
                 m_Dirty[i] = 0;
             }
         }
-        PostToView(buffer, static_cast<int>(place - buffer) - static_cast<int>(sizeof(m_Tag)));
+        m_View.Post(buffer, place);
     }
 
 private:
     // Null: no such stock.
     InterestRow* FindRow(const StockKey& key) {
-        for (size_t i = 0; i < m_Rows.size() && key.Board == '1'; ++i) {
-            if (memcmp(m_Rows[i].Code, key.Code, sizeof(key.Code)) == 0) {
-                m_Dirty[i] = 1;
-                return &m_Rows[i];
-            }
+        const int place = key.Board == '1' ? m_Index.Find({key.Code, sizeof(key.Code)}) : -1;
+        if (place < 0) {
+            return nullptr;
         }
-        return nullptr;
+        m_Dirty[static_cast<size_t>(place)] = 1;
+        return &m_Rows[static_cast<size_t>(place)];
     }
 
     int OnTradePacket(const char* payload) {
@@ -69,18 +80,18 @@ private:
             return 0;
         }
         InterestRow& row = *found;
-        const int32_t base = AsciiToLong(row.BasePrice, sizeof(row.BasePrice));
+        const int32_t base = Style::AsciiToLong(row.BasePrice, sizeof(row.BasePrice));
         const int direction = SignToColor(row.PriceColor, trade.Sign);
-        LongToAscii(trade.Price, row.Price, sizeof(row.Price));
+        Style::LongToAscii(trade.Price, row.Price, sizeof(row.Price));
         row.Sign = trade.Sign;
         SignToColor(row.ChangeColor, trade.Sign);
-        LongToAscii(trade.Change, row.Change, sizeof(row.Change));
+        Style::LongToAscii(trade.Change, row.Change, sizeof(row.Change));
         SignToColor(row.RateColor, trade.Sign);
-        const double rate = ChangeRate(static_cast<double>(trade.Price) - base, base, direction);
-        DoubleToAscii(rate, row.Rate, sizeof(row.Rate), 2);
+        const double rate = BiasedRate(static_cast<double>(trade.Price) - base, base, direction);
+        Style::DoubleToAscii(rate, row.Rate, sizeof(row.Rate), 2);
         WritePrice(row.Best2Color, row.Best2Price, base, trade.Best2Price);
         WritePrice(row.Best1Color, row.Best1Price, base, trade.Best1Price);
-        LongToAscii(trade.TotalVolume, row.TotalVolume, sizeof(row.TotalVolume));
+        Style::LongToAscii(trade.TotalVolume, row.TotalVolume, sizeof(row.TotalVolume));
         WritePrice(row.HighColor, row.High, base, trade.High);
         WritePrice(row.LowColor, row.Low, base, trade.Low);
         return 1;
@@ -93,25 +104,25 @@ private:
             return 0;
         }
         InterestRow& row = *found;
-        const int32_t base = AsciiToLong(row.BasePrice, sizeof(row.BasePrice));
+        const int32_t base = Style::AsciiToLong(row.BasePrice, sizeof(row.BasePrice));
         WritePrice(row.Best2Color, row.Best2Price, base, book.Levels[0].Side2Price);
         WritePrice(row.Best1Color, row.Best1Price, base, book.Levels[0].Side1Price);
-        LongToAscii(book.Levels[0].Side2Qty, row.Side2Qty, sizeof(row.Side2Qty));
-        LongToAscii(book.Levels[0].Side1Qty, row.Side1Qty, sizeof(row.Side1Qty));
+        Style::LongToAscii(book.Levels[0].Side2Qty, row.Side2Qty, sizeof(row.Side2Qty));
+        Style::LongToAscii(book.Levels[0].Side1Qty, row.Side1Qty, sizeof(row.Side1Qty));
         return 1;
     }
 
     static void WritePrice(char* tag, char (&field)[15], int32_t base, int32_t price) {
         ColorOf(Compare(price, base), tag);
-        LongToAscii(price, field, sizeof(field));
+        Style::LongToAscii(price, field, sizeof(field));
     }
 
+    View<Style> m_View;
     std::vector<InterestRow> m_Rows;
+    typename Style::Index m_Index;  // of the rows' codes
     std::vector<char> m_Dirty;
 };
 
-Screen* NewCRSITST01(HWND window) {
-    return new CRSITST01(window);
-}
+}  // namespace forms
 
-}  // namespace plain
+#endif

@@ -1,45 +1,51 @@
-// Order book in its plain form.
+// Order book.
+#ifndef TICKMUX_BENCH_FORMS_CRSODER01_H
+#define TICKMUX_BENCH_FORMS_CRSODER01_H
+
 #include <cstring>
 
-#include "bench/plain/codecs.h"
-#include "bench/plain/framework.h"
-#include "bench/plain/rates.h"
+#include "bench/forms/colors.h"
+#include "bench/forms/screen.h"
+#include "bench/forms/view.h"
 #include "module/layouts/RSODER01.h"
+#include "module/wire/wrap.h"
 
-namespace plain {
+namespace forms {
 
+template <class Style>
 class CRSODER01 : public Screen {
 public:
-    explicit CRSODER01(HWND window) : Screen(window) {
+    explicit CRSODER01(HWND window) : m_View(window) {
         memset(m_Key, ' ', sizeof(m_Key));
         SetSlot(TradePacket::kType, sizeof(TradePacket), &CRSODER01::OnTradePacket);
         SetSlot(BookPacket::kType, sizeof(BookPacket), &CRSODER01::OnBookPacket);
     }
 
     int Init(const char* buffer) override {
-        Begin(buffer);
-        AllocOutput(sizeof(BookDisplay) - sizeof(RequestTag));
+        InitText<Style> in(buffer);
+        m_View.TakeTag(in);
+        m_View.AllocPicture(sizeof(BookDisplay) - sizeof(RequestTag));
         BookInit init;
-        auto* display = reinterpret_cast<BookDisplay*>(m_pOutput);
-        if (!ReadBytes(&init, sizeof(init)) ||
-            !ReadRepeatBlock(&display->Front.Repeat, display->Rows, sizeof(BookRow), kBookRows) ||
-            m_nInitRemain != 0) {
+        auto& display = m_View.template Picture<BookDisplay>();
+        if (!in.ReadBytes(&init, sizeof(init)) ||
+            !in.ReadRepeatBlock(&display.Front.Repeat, display.Rows, sizeof(BookRow), kBookRows) ||
+            in.Remain() != 0) {
             return 0;
         }
         memcpy(m_Key, &init.Key, sizeof(m_Key));
         m_nCurPrice = -1;
         m_nBasePrice = -1;
         for (size_t i = 0; i < kBookRows; ++i) {
-            ParseSide(display->Rows[i].Side1, m_Levels[i].Side1);
-            ParseSide(display->Rows[i].Side2, m_Levels[i].Side2);
+            ParseSide(display.Rows[i].Side1, m_Levels[i].Side1);
+            ParseSide(display.Rows[i].Side2, m_Levels[i].Side2);
         }
         return 1;
     }
 
     void EndUnpack() override {
-        auto* display = reinterpret_cast<BookDisplay*>(m_pOutput);
+        auto& display = m_View.template Picture<BookDisplay>();
         for (size_t i = 0; i < kBookRows; ++i) {
-            BookRow& row = display->Rows[i];
+            BookRow& row = display.Rows[i];
             const Level& level = m_Levels[i];
             WriteFigures(row.Side1, level.Side1);
             WriteFigures(row.Side2, level.Side2);
@@ -57,12 +63,12 @@ public:
             WriteDiff(row.Side1, level.Side1.Diff);
             WriteDiff(row.Side2, level.Side2.Diff);
         }
-        RepeatHead& head = display->Front.Repeat;
-        LongToAscii(kBookRows, head.Count, sizeof(head.Count));
-        LongToAscii(sizeof(BookRow), head.Size, sizeof(head.Size));
-        ColorOf(-1, display->Rows[kBookTotals].Side1.QtyColor);
-        ColorOf(1, display->Rows[kBookTotals].Side2.QtyColor);
-        PostToView(nullptr, 0);
+        RepeatHead& head = display.Front.Repeat;
+        Style::LongToAscii(kBookRows, head.Count, sizeof(head.Count));
+        Style::LongToAscii(sizeof(BookRow), head.Size, sizeof(head.Size));
+        ColorOf(-1, display.Rows[kBookTotals].Side1.QtyColor);
+        ColorOf(1, display.Rows[kBookTotals].Side2.QtyColor);
+        m_View.PostPicture();
     }
 
 private:
@@ -78,12 +84,12 @@ private:
     };
 
     static void ParseSide(const BookRowSide& shown, Side& side) {
-        side.Price = AsciiToLong(shown.Price, sizeof(shown.Price));
-        side.Qty = AsciiToLong(shown.Qty, sizeof(shown.Qty));
-        side.Rate = AsciiToDouble(shown.Rate, sizeof(shown.Rate));
-        side.Diff = AsciiToLong(shown.Diff, sizeof(shown.Diff));
+        side.Price = Style::AsciiToLong(shown.Price, sizeof(shown.Price));
+        side.Qty = Style::AsciiToLong(shown.Qty, sizeof(shown.Qty));
+        side.Rate = Style::AsciiToDouble(shown.Rate, sizeof(shown.Rate));
+        side.Diff = Style::AsciiToLong(shown.Diff, sizeof(shown.Diff));
         if (shown.DiffSign == '-') {
-            side.Diff = Difference32(0, side.Diff);
+            side.Diff = WrapSubtract(0, side.Diff);
         }
     }
 
@@ -122,14 +128,14 @@ private:
         for (size_t i = 0; i < kBookTotals; ++i) {
             const Side& former = m_Levels[i].*which;
             if (former.Price == price) {
-                side.Diff = Difference32(quantity, former.Qty);
+                side.Diff = WrapSubtract(quantity, former.Qty);
                 break;
             }
         }
     }
 
     static void TakeTotal(Side& side, int32_t total) {
-        side.Diff = total != 0 ? Difference32(total, side.Qty) : 0;
+        side.Diff = total != 0 ? WrapSubtract(total, side.Qty) : 0;
         side.Qty = total;
     }
 
@@ -146,9 +152,9 @@ private:
     }
 
     static void WriteFigures(BookRowSide& shown, const Side& side) {
-        LongToAscii(side.Price, shown.Price, sizeof(shown.Price));
-        DoubleToAscii(side.Rate, shown.Rate, sizeof(shown.Rate), 2);
-        LongToAscii(side.Qty, shown.Qty, sizeof(shown.Qty));
+        Style::LongToAscii(side.Price, shown.Price, sizeof(shown.Price));
+        Style::DoubleToAscii(side.Rate, shown.Rate, sizeof(shown.Rate), 2);
+        Style::LongToAscii(side.Qty, shown.Qty, sizeof(shown.Qty));
     }
 
     void WritePriceColors(BookRowSide& shown, int32_t price) const {
@@ -161,17 +167,16 @@ private:
         ColorOf(Compare(diff, int64_t{0}), shown.DiffColor);
         shown.DiffSign = diff > 0 ? '+' : diff < 0 ? '-' : ' ';
         memcpy(shown.DiffAmountColor, shown.DiffColor, sizeof(shown.DiffAmountColor));
-        Int64ToAscii(diff < 0 ? -diff : diff, shown.Diff, sizeof(shown.Diff));
+        Style::Int64ToAscii(diff < 0 ? -diff : diff, shown.Diff, sizeof(shown.Diff));
     }
 
+    View<Style> m_View;
     char m_Key[sizeof(StockKey)];
     Level m_Levels[kBookRows] = {};
     int32_t m_nCurPrice = -1;
     int32_t m_nBasePrice = -1;
 };
 
-Screen* NewCRSODER01(HWND window) {
-    return new CRSODER01(window);
-}
+}  // namespace forms
 
-}  // namespace plain
+#endif

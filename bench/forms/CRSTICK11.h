@@ -1,28 +1,32 @@
-// Stock tick list in its plain form.
+// Stock tick list.
+#ifndef TICKMUX_BENCH_FORMS_CRSTICK11_H
+#define TICKMUX_BENCH_FORMS_CRSTICK11_H
+
 #include <cstring>
 
-#include "bench/plain/codecs.h"
-#include "bench/plain/framework.h"
-#include "bench/plain/waiting_rows.h"
+#include "bench/forms/screen.h"
+#include "bench/forms/view.h"
 #include "module/layouts/RSTICK11.h"
 
-namespace plain {
+namespace forms {
 
+template <class Style>
 class CRSTICK11 : public Screen {
 public:
-    explicit CRSTICK11(HWND window) : Screen(window) {
+    explicit CRSTICK11(HWND window) : m_View(window) {
         memset(m_Key, ' ', sizeof(m_Key));
         memset(&m_Head, ' ', sizeof(m_Head));
         SetSlot(TradePacket::kType, sizeof(TradePacket), &CRSTICK11::OnTradePacket);
     }
 
     int Init(const char* buffer) override {
-        Begin(buffer);
+        InitText<Style> in(buffer);
+        m_View.TakeTag(in);
         char key[sizeof(m_Key)];
         RepeatHead block;
         TickRow row;
-        if (!ReadBytes(key, sizeof(key)) || !ReadBytes(&m_Head, sizeof(m_Head)) ||
-            !ReadRepeatBlock(&block, &row, sizeof(row), 1) || m_nInitRemain != 0) {
+        if (!in.ReadBytes(key, sizeof(key)) || !in.ReadBytes(&m_Head, sizeof(m_Head)) ||
+            !in.ReadRepeatBlock(&block, &row, sizeof(row), 1) || in.Remain() != 0) {
             return 0;
         }
         if (memcmp(row.Date, "        ", sizeof(row.Date)) != 0) {
@@ -30,7 +34,7 @@ public:
         } else {
             SYSTEMTIME now;
             GetLocalTime(&now);
-            LongToAscii(now.wYear * 10000 + now.wMonth * 100 + now.wDay, m_Date, sizeof(m_Date));
+            Style::LongToAscii(now.wYear * 10000 + now.wMonth * 100 + now.wDay, m_Date, sizeof(m_Date));
         }
         memcpy(m_Key, key, sizeof(m_Key));
         m_Ticks.Clear();
@@ -41,10 +45,11 @@ public:
 
     void EndUnpack() override {
         if (m_Ticks.Count() > 0) {
-            char* buffer = NewRowsBuffer(offsetof(HeadedRows, Repeat), m_Ticks.Count(), sizeof(TickRow));
+            char* buffer =
+                m_View.NewRowsBuffer(offsetof(HeadedRows, Repeat), m_Ticks.Count(), sizeof(TickRow));
             memcpy(buffer + offsetof(HeadedRows, Head), &m_Head, sizeof(m_Head));
             char* end = m_Ticks.MoveTo(buffer + sizeof(HeadedRows));
-            PostToView(buffer, static_cast<int>(end - buffer) - static_cast<int>(sizeof(m_Tag)));
+            m_View.Post(buffer, end);
         }
     }
 
@@ -54,24 +59,23 @@ private:
         if (trade.Volume == 0 || memcmp(&trade.Key, m_Key, sizeof(m_Key)) != 0) {
             return 0;
         }
-        TickRow* row = m_Ticks.Add();
-        LongToAscii(trade.Price, m_Head.Price, sizeof(m_Head.Price));
-        LongToAscii(trade.TotalVolume, m_Head.Quantity, sizeof(m_Head.Quantity));
-        memcpy(row->Date, m_Date, sizeof(row->Date));
-        memcpy(row->Time, trade.Time, sizeof(row->Time));
-        LongToAscii(trade.Price, row->Price, sizeof(row->Price));
-        LongToAscii(trade.Volume, row->Volume, sizeof(row->Volume));
+        TickRow& row = m_Ticks.Add();
+        Style::LongToAscii(trade.Price, m_Head.Price, sizeof(m_Head.Price));
+        Style::LongToAscii(trade.TotalVolume, m_Head.Quantity, sizeof(m_Head.Quantity));
+        memcpy(row.Date, m_Date, sizeof(row.Date));
+        memcpy(row.Time, trade.Time, sizeof(row.Time));
+        Style::LongToAscii(trade.Price, row.Price, sizeof(row.Price));
+        Style::LongToAscii(trade.Volume, row.Volume, sizeof(row.Volume));
         return 1;
     }
 
+    View<Style> m_View;
     char m_Key[sizeof(StockKey)];
     char m_Date[8];
     DisplayHead m_Head;
-    WaitingRows<TickRow> m_Ticks;
+    typename Style::template Rows<TickRow> m_Ticks;
 };
 
-Screen* NewCRSTICK11(HWND window) {
-    return new CRSTICK11(window);
-}
+}  // namespace forms
 
-}  // namespace plain
+#endif

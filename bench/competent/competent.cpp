@@ -1,0 +1,3 @@
+#include "bench/competent/competent.h"
+
+template class forms::Module<competent::Style>;

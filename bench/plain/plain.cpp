@@ -1,0 +1,3 @@
+#include "bench/plain/plain.h"
+
+template class forms::Module<plain::Style>;
