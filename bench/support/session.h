@@ -60,6 +60,8 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
+    int64_t Packets() const { return static_cast<int64_t>(m_Script.Feed.size()); }
+
     void Pass() {
         std::size_t left = m_Script.nBatch;
         for (const std::string& packet : m_Script.Feed) {
