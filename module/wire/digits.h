@@ -1,10 +1,20 @@
-// Numbers as text, eight characters at a time: how the codecs print and read without a loop over digits.
+// Numbers as text without a loop over digits: how the codecs print and read what fields commonly hold.
 //
-// A word holds text as it lies in memory, its first character in the lowest byte.
+// A text of up to 16 characters is made in one vector register, and decimals are read in one. A processor
+// without such registers leaves both to the exact ways of the codecs; so does TICKMUX_VECTORS, set to 0.
 #ifndef TICKMUX_MODULE_WIRE_DIGITS_H
 #define TICKMUX_MODULE_WIRE_DIGITS_H
 
+#ifndef TICKMUX_VECTORS
+#if defined(__SSE2__) || defined(_M_X64) || (defined(_M_IX86_FP) && _M_IX86_FP >= 2)
+#define TICKMUX_VECTORS 1
+#else
+#define TICKMUX_VECTORS 0
+#endif
+#endif
+#if TICKMUX_VECTORS
 #include <emmintrin.h>
+#endif
 
 #include <algorithm>
 #include <bit>
@@ -24,15 +34,10 @@ inline constexpr std::size_t kBits = 8;  // of a character
 
 inline constexpr uint64_t kSpaces = 0x2020202020202020;
 inline constexpr uint64_t kZeros = 0x3030303030303030;
-inline constexpr uint64_t kMinus = '-' ^ ' ';  // turns a space into a sign
 
-inline constexpr uint32_t kEightDigits = 100'000'000;       // the first number that has more
-inline constexpr uint64_t kFits16 = 1'000'000'000'000'000;  // 16 characters hold less than it with its sign
-
-template <class Part>
-void Store(char* dst, Part part) {
-    std::memcpy(dst, &part, sizeof(part));
-}
+inline constexpr uint32_t kEightDigits = 100'000'000;  // the first number that has more
+inline constexpr uint64_t kFifteenDigits = 1'000'000'000'000'000;
+inline constexpr uint64_t kSixteenDigits = 10 * kFifteenDigits;
 
 template <class Part>
 Part Load(const char* src) {
@@ -45,180 +50,7 @@ Part Load(const char* src) {
 template <std::size_t N>
 using Width = std::integral_constant<std::size_t, N>;
 
-// The caller knows that a text of up to `longest` characters fits.
-constexpr bool AlwaysFits(std::size_t /*len*/, std::size_t /*longest*/) {
-    return false;
-}
-template <std::size_t N>
-constexpr bool AlwaysFits(Width<N> /*len*/, std::size_t longest) {
-    return N >= longest;
-}
-
-// ---- printing
-
-// The digits of a number below kEightDigits, each as its value. The number falls into halves, these into
-// pairs, and pairs into digits, in lanes of one word. The products that stand for the divisions by 100 and 10
-// are exact below 10000 and 100. Each step writes lane - quotient * divisor behind the quotient: one product.
-constexpr uint64_t Split(uint32_t value) {
-    const uint64_t halves = (uint64_t{value} << 32) - uint64_t{value / 10000} * ((uint64_t{10000} << 32) - 1);
-    const uint64_t hundreds = ((halves * 10486) >> 20) & 0x0000007F0000007F;
-    const uint64_t pairs = (halves << 16) - hundreds * ((100 << 16) - 1);
-    const uint64_t tens = ((pairs * 103) >> 10) & 0x000F000F000F000F;
-    return (pairs << 8) - tens * ((10 << 8) - 1);
-}
-
-// The zeros in front of the first other digit, in bits. The last `shown` digits count as others.
-constexpr std::size_t ZerosInFront(uint64_t values, std::size_t shown) {
-    const uint64_t last = uint64_t{1} << (kWord - shown) * kBits;
-    return static_cast<std::size_t>(std::countr_zero(values | last)) & ~(kBits - 1);
-}
-
-// Characters of digit values, of which so many bits in front become spaces.
-constexpr uint64_t Characters(uint64_t values, std::size_t blankBits) {
-    const uint64_t inFront = (uint64_t{1} << blankBits) - 1;
-    return (values | kZeros) ^ (inFront & (kZeros ^ kSpaces));
-}
-
-// The last `len` characters of eight, with further spaces in front where that is more.
-template <class Length>
-void CopyTail(uint64_t text, char* dst, Length length) {
-    const std::size_t len = length;
-    if (len > 2 * kWord) {
-        std::memset(dst, ' ', len - kWord);
-        Store(dst + len - kWord, text);
-    } else if (len >= kWord) {
-        Store(dst, kSpaces);  // the text then covers what it needs of them
-        Store(dst + len - kWord, text);
-    } else if (len >= kWord / 2) {
-        Store(dst, static_cast<uint32_t>(text >> (kWord - len) * kBits));
-        Store(dst + len - kWord / 2, static_cast<uint32_t>(text >> kWord / 2 * kBits));
-    } else {
-        for (std::size_t at = 0; at < len; ++at) {
-            dst[at] = static_cast<char>(text >> (kWord - len + at) * kBits);
-        }
-    }
-}
-
-// The same for 16 characters in two words.
-template <class Length>
-void CopyTail(uint64_t left, uint64_t right, char* dst, Length length) {
-    const std::size_t len = length;
-    if (len >= 2 * kWord) {
-        std::memset(dst, ' ', len - 2 * kWord);
-        Store(dst + len - 2 * kWord, left);
-        Store(dst + len - kWord, right);
-    } else if (len > kWord) {
-        // Two words that overlap, the first put together in a register.
-        const std::size_t more = (len - kWord) % kWord * kBits;
-        Store(dst, left >> 1 >> (kWord * kBits - 1 - more) | right << more);
-        Store(dst + len - kWord, right);
-    } else {
-        CopyTail(right, dst, length);
-    }
-}
-
-// A magnitude and its sign, right-aligned. False, and nothing written: the number is for the exact way, since
-// it is too large or does not fit.
-template <class Magnitude, class Length>
-bool PrintMagnitude(Magnitude magnitude, bool negative, char* dst, Length len) {
-    constexpr std::size_t kLongest = sizeof(Magnitude) > sizeof(uint32_t) ? 2 * kWord : 11;
-    std::size_t length = negative ? 1 : 0;
-    if (magnitude < kEightDigits) {
-        const uint64_t values = Split(static_cast<uint32_t>(magnitude));
-        const std::size_t blank = ZerosInFront(values, 1);
-        length += kWord - blank / kBits;
-        if (!AlwaysFits(len, kLongest) && length > len) {
-            return false;
-        }
-        CopyTail(Characters(values, blank), dst, len);
-    } else if (magnitude < kFits16) {
-        const uint64_t values = Split(static_cast<uint32_t>(magnitude / kEightDigits));
-        const std::size_t blank = ZerosInFront(values, 1);
-        length += 2 * kWord - blank / kBits;
-        if (!AlwaysFits(len, kLongest) && length > len) {
-            return false;
-        }
-        CopyTail(Characters(values, blank), Split(static_cast<uint32_t>(magnitude % kEightDigits)) | kZeros,
-                 dst, len);
-    } else {
-        return false;
-    }
-    if (negative) {
-        dst[len - length] = '-';
-    }
-    return true;
-}
-
-template <class Number, class Length>
-bool PrintInteger(Number value, char* dst, Length len) {
-    using Magnitude = std::make_unsigned_t<Number>;
-    const auto bits = static_cast<Magnitude>(value);
-    return PrintMagnitude(value < 0 ? Magnitude{0} - bits : bits, value < 0, dst, len);
-}
-
-constexpr uint32_t PowerOfTen(std::size_t exponent) {
-    return exponent == 0 ? 1 : 10 * PowerOfTen(exponent - 1);
-}
-
-// With so many decimals, at most four. False, and nothing written: the value is for the exact way, since it
-// is too large, does not fit, lies at a tie, or is no number.
-//
-// Scaled by a power of ten, the product is rounded once, by at most half of its last bit. Its distance from
-// the nearest whole number is a multiple of that bit, so unless it is exactly a half, the unrounded product
-// lies on the same side of every tie, and the whole number is the one nearest to the exact value too.
-template <std::size_t Decimals, class Length>
-bool PrintScaled(double value, char* dst, Length length) {
-    constexpr double kWhole = 4503599627370496.0;  // 2^52: from here on doubles are whole numbers
-    constexpr uint32_t kScale = PowerOfTen(Decimals);
-    constexpr uint32_t kSevenDigits = kEightDigits / 10;
-    const std::size_t len = length;
-    const bool negative = std::signbit(value);
-    const double scaled = std::fabs(value) * kScale;
-    const double sum = scaled + kWhole;
-    if (!(scaled < static_cast<double>(kFits16) - 1.0) || std::fabs(scaled - (sum - kWhole)) == 0.5) {
-        return false;
-    }
-    const uint64_t count = std::bit_cast<uint64_t>(sum) - std::bit_cast<uint64_t>(kWhole);
-    if constexpr (Decimals == 0) {
-        return PrintMagnitude(count, negative, dst, length);
-    } else {
-        // The last eight characters are the end of the whole number, the point, and the decimals.
-        constexpr std::size_t kTail = 1 + Decimals;
-        constexpr uint64_t kPoint = uint64_t{'.'} << (kWord - kTail) * kBits;
-        constexpr uint64_t kInFront = (uint64_t{1} << (kWord - kTail) * kBits) - 1;
-        constexpr uint64_t kBehind = ~(kInFront << kBits | 0xFF);
-        const uint64_t sign = negative ? kMinus : 0;
-        uint64_t left = 0;
-        uint64_t right = 0;
-        std::size_t textLength = kTail + (negative ? 1 : 0);
-        if (count < (negative ? kSevenDigits : kEightDigits)) {
-            // All digits in one word; those in front of the point make room for it.
-            const uint64_t values = Split(static_cast<uint32_t>(count));
-            const std::size_t blank = ZerosInFront(values, kTail);
-            const uint64_t all = Characters(values, blank) ^ sign << (blank - kBits) % (kWord * kBits);
-            left = kSpaces >> kBits | all << (kWord - 1) * kBits;
-            right = (all >> kBits & kInFront) | kPoint | (all & kBehind);
-            textLength += kWord - Decimals - blank / kBits;
-        } else if (count < uint64_t{kSevenDigits} * kScale) {
-            const uint64_t values = Split(static_cast<uint32_t>(count / kScale));
-            const std::size_t blank = ZerosInFront(values, 1);
-            const uint64_t whole = Characters(values, blank) ^ sign << (blank - kBits);
-            const uint64_t parts = Split(static_cast<uint32_t>(count % kScale)) | kZeros;
-            left = whole << (kWord - kTail) * kBits | kSpaces >> kTail * kBits;
-            right = whole >> kTail * kBits | kPoint | (parts & kBehind);
-            textLength += kWord - blank / kBits;
-        } else {
-            return false;
-        }
-        if (textLength > len) {
-            return false;
-        }
-        CopyTail(left, right, dst, length);
-        return true;
-    }
-}
-
-// ---- reading
+// ---- reading words: their lowest byte is the first character of a text
 
 // A text of up to 16 characters as two words, spaces in front.
 struct Padded16 {
@@ -233,7 +65,7 @@ struct Padded16 {
                     Load<uint64_t>(src + len - kWord)};
         }
         char text[kWord];
-        Store(text, kSpaces);
+        std::memcpy(text, &kSpaces, kWord);
         std::memcpy(text + kWord - len, src, len);
         return {kSpaces, Load<uint64_t>(text)};
     }
@@ -264,7 +96,7 @@ constexpr bool ReadPadded(uint64_t word, uint32_t& value) {
     return AreDigits(values);
 }
 
-// The number in two words, if it is padded digits.
+// The same of 16 characters.
 constexpr bool ReadPadded(const Padded16& text, uint64_t& value) {
     uint32_t upper = 0;
     uint32_t lower = 0;
@@ -277,6 +109,18 @@ constexpr bool ReadPadded(const Padded16& text, uint64_t& value) {
     const bool isNumber = ReadPadded(text.Left, upper) && AreDigits(values);
     value = uint64_t{upper} * kEightDigits + Join(values);
     return isNumber;
+}
+
+#if TICKMUX_VECTORS
+
+// ---- a vector of characters
+
+inline __m128i LoadVector(const void* src) {
+    return _mm_loadu_si128(static_cast<const __m128i*>(src));
+}
+
+inline void StoreVector(char* dst, __m128i part) {
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(dst), part);
 }
 
 // One bit for each byte of a comparison.
@@ -296,8 +140,142 @@ inline __m128i FirstBytes(std::size_t n) {
     };
     static constexpr Masks kMasks = {{0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF,  //
                                       0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}};
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(kMasks.Bytes + kVector - n));
+    return LoadVector(kMasks.Bytes + kVector - n);
 }
+
+// ---- printing
+
+// The digits of a number below kSixteenDigits, each as its value. Lanes of eight digits fall into lanes of
+// four, these into pairs, and pairs into digits. The products that stand for the divisions are exact for what
+// a lane holds; the remainder goes behind the quotient.
+template <class Magnitude>
+inline __m128i DigitsOf(Magnitude value) {
+    const auto upper = static_cast<int>(value / kEightDigits);
+    const auto lower = static_cast<int>(value % kEightDigits);
+    const __m128i eights = _mm_set_epi32(0, lower, 0, upper);
+
+    const __m128i tenThousands = _mm_srli_epi64(_mm_mul_epu32(eights, _mm_set1_epi32(0x346DC5D7)), 43);
+    const __m128i belowThem = _mm_sub_epi32(eights, _mm_mul_epu32(tenThousands, _mm_set1_epi32(10000)));
+    const __m128i fours = _mm_or_si128(tenThousands, _mm_slli_epi64(belowThem, 32));
+
+    const __m128i hundreds = _mm_srli_epi16(_mm_mulhi_epu16(fours, _mm_set1_epi16(10486)), 4);
+    const __m128i units = _mm_sub_epi16(fours, _mm_madd_epi16(hundreds, _mm_set1_epi16(100)));
+    const __m128i pairs = _mm_or_si128(hundreds, _mm_slli_epi32(units, 16));
+
+    const __m128i tens = _mm_mulhi_epu16(pairs, _mm_set1_epi16(6554));
+    const __m128i ones = _mm_sub_epi16(pairs, _mm_mullo_epi16(tens, _mm_set1_epi16(10)));
+    return _mm_or_si128(tens, _mm_slli_epi16(ones, 8));
+}
+
+// The zeros in front of the first other digit. The last `shown` digits count as others.
+inline std::size_t ZerosInFront(__m128i values, std::size_t shown) {
+    const uint32_t others = MaskOf(_mm_cmpgt_epi8(values, _mm_setzero_si128()));
+    return static_cast<std::size_t>(std::countr_zero(others | 1U << (kVector - shown)));
+}
+
+// What makes characters of digit values by exclusive or: so many blanks, the last of them a sign if the
+// number is negative, and zeros.
+inline __m128i Front(std::size_t blanks, bool negative) {
+    alignas(4 * kVector) static constexpr char kFronts[] =
+        "                0000000000000000"
+        "               -0000000000000000";
+    return LoadVector(kFronts + (negative ? 2 * kVector : 0) + kVector - blanks);
+}
+
+// The last `len` of 16 characters, with further spaces in front where that is more.
+inline void CopyTail(__m128i text, char* dst, std::size_t len) {
+    if (len >= kVector) {
+        if (len > 2 * kVector) {
+            std::memset(dst, ' ', len - kVector);
+        }
+        StoreVector(dst, All(' '));  // the text then covers what it needs of them
+        StoreVector(dst + len - kVector, text);
+        return;
+    }
+    char characters[kVector];
+    StoreVector(characters, text);
+    const char* const from = characters + kVector - len;
+    if (len >= kWord) {
+        // Two words that overlap.
+        std::memcpy(dst, from, kWord);
+        std::memcpy(dst + len - kWord, characters + kWord, kWord);
+    } else {
+        std::memcpy(dst, from, len);
+    }
+}
+
+template <std::size_t N>
+void CopyTail(__m128i text, char* dst, Width<N> /*len*/) {
+    if constexpr (N > kWord && N < kVector) {
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(dst), _mm_srli_si128(text, kVector - N));
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(dst + N - kWord), _mm_unpackhi_epi64(text, text));
+    } else {
+        CopyTail(text, dst, N);
+    }
+}
+
+// Values as text, right-aligned. False, and nothing written: it has more than 16 characters or does not fit.
+template <class Length>
+bool PrintValues(__m128i values, std::size_t blanks, bool negative, char* dst, Length len) {
+    if (kVector - blanks + (negative ? 1 : 0) > std::min<std::size_t>(len, kVector)) {
+        return false;
+    }
+    CopyTail(_mm_xor_si128(values, Front(blanks, negative)), dst, len);
+    return true;
+}
+
+// False, and nothing written: the number is for the exact way, since it is too large or does not fit.
+template <class Magnitude, class Length>
+bool PrintMagnitude(Magnitude magnitude, bool negative, char* dst, Length len) {
+    if (magnitude >= kSixteenDigits) {
+        return false;
+    }
+    const __m128i values = DigitsOf(magnitude);
+    return PrintValues(values, ZerosInFront(values, 1), negative, dst, len);
+}
+
+template <class Number, class Length>
+bool PrintInteger(Number value, char* dst, Length len) {
+    using Magnitude = std::make_unsigned_t<Number>;
+    const auto bits = static_cast<Magnitude>(value);
+    return PrintMagnitude(value < 0 ? Magnitude{0} - bits : bits, value < 0, dst, len);
+}
+
+constexpr uint32_t PowerOfTen(std::size_t exponent) {
+    return exponent == 0 ? 1 : 10 * PowerOfTen(exponent - 1);
+}
+
+// With so many decimals, at most four. False, and nothing written: the value is for the exact way, since it
+// is too large, does not fit, lies at a tie, or is no number.
+//
+// Scaled by a power of ten, the product is rounded once, by at most half of its last bit. Its distance from
+// the nearest whole number is a multiple of that bit, so unless it is exactly a half, the unrounded product
+// lies on the same side of every tie, and the whole number is the one nearest to the exact value too.
+template <std::size_t Decimals, class Length>
+bool PrintScaled(double value, char* dst, Length len) {
+    constexpr double kWhole = 4503599627370496.0;  // 2^52: from here on doubles are whole numbers
+    const bool negative = std::signbit(value);
+    const double scaled = std::fabs(value) * PowerOfTen(Decimals);
+    const double sum = scaled + kWhole;
+    if (!(scaled < static_cast<double>(kFifteenDigits) - 1.0) || std::fabs(scaled - (sum - kWhole)) == 0.5) {
+        return false;
+    }
+    const uint64_t count = std::bit_cast<uint64_t>(sum) - std::bit_cast<uint64_t>(kWhole);
+    if constexpr (Decimals == 0) {
+        return PrintMagnitude(count, negative, dst, len);
+    } else {
+        // The point takes the place of the last digit in front of it; these move up, since the first is 0.
+        constexpr std::size_t kPlace = kVector - 1 - Decimals;
+        const __m128i values = DigitsOf(count);
+        const __m128i inFront = _mm_and_si128(FirstBytes(kPlace), _mm_srli_si128(values, 1));
+        const __m128i behind = _mm_andnot_si128(FirstBytes(kPlace + 1), values);
+        const __m128i point = _mm_slli_si128(_mm_cvtsi32_si128('.' ^ '0'), kPlace);
+        return PrintValues(_mm_or_si128(_mm_or_si128(inFront, point), behind),
+                           ZerosInFront(values, 1 + Decimals) - 1, negative, dst, len);
+    }
+}
+
+// ---- reading decimals
 
 // Digits behind spaces, with one point among them or none. Of up to 15 digits the whole number and the power
 // of ten are exact doubles, so that their quotient is the one nearest to the text. False: the text is for the
@@ -335,6 +313,24 @@ inline bool ReadPaddedDecimal(const Padded16& text, double& value) {
     value = static_cast<double>(number) / kPowers[points == 0 ? 0 : kVector - 1 - place];
     return true;
 }
+
+#else
+
+template <class Number, class Length>
+bool PrintInteger(Number /*value*/, char* /*dst*/, Length /*len*/) {
+    return false;
+}
+
+template <std::size_t Decimals, class Length>
+bool PrintScaled(double /*value*/, char* /*dst*/, Length /*len*/) {
+    return false;
+}
+
+inline bool ReadPaddedDecimal(const Padded16& /*text*/, double& /*value*/) {
+    return false;
+}
+
+#endif
 
 }  // namespace digits
 
