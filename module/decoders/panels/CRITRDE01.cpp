@@ -11,7 +11,7 @@ using Field = IndexField;
 
 CRITRDE01::CRITRDE01(HWND hWnd) : PanelDecoder(hWnd, Takes<&CRITRDE01::OnIndexPacket>) {}
 
-void CRITRDE01::TakeBase() {
+void CRITRDE01::TakeFields() {
     if (Range().Holds(Field::BaseValue)) {
         m_dBaseValue = ToDouble(Value<Field::BaseValue>());
     } else if (Range().Holds(Field::Index) && Range().Holds(Field::Change)) {

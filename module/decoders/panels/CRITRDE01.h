@@ -24,7 +24,7 @@ public:
 
 private:
     int OnIndexPacket(const IndexPacket& index);
-    void TakeBase() override;
+    void TakeFields() override;
 
     template <int Number>
     void PutAgainstBase(double value);

@@ -9,19 +9,17 @@ using Field = StockField;
 
 constexpr char kForeign = 'F';  // the broker class whose trades are counted
 
-// A number kept in its own text; blanks count as 0.
-template <std::size_t N>
-void AddTo(char (&field)[N], double amount) {
-    Put<0>(field, ToDouble(field) + amount);
-}
-
 }  // namespace
 
 CRSTRDE01::CRSTRDE01(HWND hWnd)
     : PanelDecoder(hWnd, Takes<&CRSTRDE01::OnTradePacket, &CRSTRDE01::OnBookPacket>) {}
 
-void CRSTRDE01::TakeBase() {
+void CRSTRDE01::TakeFields() {
     m_nBasePrice = Range().Holds(Field::BasePrice) ? ToLong(Value<Field::BasePrice>()) : 0;
+    m_dCapitalUnits = ToDouble(Value<Field::CapitalUnits>());
+    for (RunningSum& sum : m_Sums) {
+        sum.Forget();
+    }
 }
 
 int CRSTRDE01::OnTradePacket(const TradePacket& trade) {
@@ -33,8 +31,7 @@ int CRSTRDE01::OnTradePacket(const TradePacket& trade) {
     if (Range().Last < Field::CapitalUnits) {
         return 1;
     }
-    Put<0>(Value<Field::CapitalValue>(),
-           ToDouble(Value<Field::CapitalUnits>()) * trade.Price * trade.LotSize / 1000000.0);
+    Put<0>(Value<Field::CapitalValue>(), m_dCapitalUnits * trade.Price * trade.LotSize / 1000000.0);
     if (Range().Last < Field::Side1Total) {
         return 1;
     }
@@ -88,9 +85,9 @@ void CRSTRDE01::PutBest(int32_t best1, int32_t best2) {
 
 template <int Quantity, int Money, int Count>
 void CRSTRDE01::AddToGroup(const TradePacket& trade) {
-    AddTo(Value<Quantity>(), trade.Volume);
-    AddTo(Value<Money>(), WrapMultiply(int32_t{trade.Volume}, int32_t{trade.Price}));
-    AddTo(Value<Count>(), 1);
+    AddTo<Quantity>(trade.Volume);
+    AddTo<Money>(WrapMultiply(int32_t{trade.Volume}, int32_t{trade.Price}));
+    AddTo<Count>(1);
 }
 
 int CRSTRDE01::OnBookPacket(const BookPacket& book) {

@@ -24,8 +24,8 @@ protected:
 
     bool Follows(const Key& key) const { return key == m_Key.Get(); }
     const FieldRange& Range() const { return m_Range; }
-    // The base that the inquiry's fields tell, before the first packet.
-    virtual void TakeBase() = 0;
+    // What the inquiry's fields tell before the first packet: the base, and numbers that stay.
+    virtual void TakeFields() = 0;
 
     template <int Number>
     auto& Value() {
@@ -71,7 +71,7 @@ int PanelDecoder<Kind>::OnInit(InitReader& in) {
     m_Shown = m_Fields.Of(range);
     m_Fields.Clear();
     in.ReadBytes(m_Shown.data(), in.Remain());
-    TakeBase();
+    TakeFields();
     m_Key.MoveTo(init.Key);
     return 1;
 }

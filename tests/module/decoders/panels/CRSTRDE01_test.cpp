@@ -63,10 +63,21 @@ TEST_F(StockPanelScreen, WhatTheRangeDoesNotReachIsNotTaken) {
         << "no average without volume";
 }
 
-TEST_F(StockPanelScreen, RunningValuesWrapAt32Bits) {
+TEST_F(StockPanelScreen, RunningValuesWrapAt32BitsAndGoOnFromTheirText) {
+    const auto sums = [](const char* quantity, const char* value, const char* count) {
+        return Right(quantity, 15) + Right(value, 18) + Right(count, 8) + Blank(51, 53);
+    };
+    Trade trade = Trade("1ASII").Price(65536).Volume(65537).Brokers('F', 'D');
     Open("048053", Blank(48, 53));
-    EXPECT_EQ(After(Trade("1ASII").Price(65536).Volume(65537).Brokers('F', 'D')).substr(2),
-              Right("65537", 15) + Right("65536", 18) + Right("1", 8) + Blank(51, 53));
+    EXPECT_EQ(After(trade).substr(2), sums("65537", "65536", "1"));
+    EXPECT_EQ(After(trade).substr(2), sums("131074", "131072", "2"));
+    Open("048053", sums("-0.5", "-65536.4", "9999998"));
+    EXPECT_EQ(After(trade).substr(2), sums("65536", "-0", "9999999")) << "half to even";
+    EXPECT_EQ(After(trade).substr(2), sums("131073", "65536", "10000000"));
+    Open("048053", sums("999999999934462", "9007199254675456", "99999999"));
+    EXPECT_EQ(After(trade).substr(2), sums("999999999999999", "9007199254740992", "10000000")) << "cut";
+    EXPECT_EQ(After(trade).substr(2), sums("100000000006553", "9007199254806528", "10000001"));
+    EXPECT_EQ(After(trade.Volume(1)).substr(2), sums("100000000006554", "9007199254872064", "10000002"));
 }
 
 TEST_F(StockPanelScreen, RefusesRangesThatDoNotFit) {
