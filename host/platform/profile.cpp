@@ -75,9 +75,11 @@ public:
 
     Pointer Read(const std::string& path) {
         struct stat file {};
-        const bool known = stat(path.c_str(), &file) == 0 && S_ISREG(file.st_mode);
+        if (stat(path.c_str(), &file) != 0) {
+            return m_pNone;
+        }
         const Stamp stamp(file);
-        if (known) {
+        {
             const std::lock_guard hold(m_Lock);
             if (const auto found = m_Files.find(path);
                 found != m_Files.end() && found->second.first == stamp) {
@@ -85,7 +87,7 @@ public:
             }
         }
         auto read = std::make_shared<const ProfileFile>(ReadWhole(path));
-        if (known && stamp.TellsTheNext()) {
+        if (S_ISREG(file.st_mode) && stamp.TellsTheNext()) {
             const std::lock_guard hold(m_Lock);
             if (m_Files.size() == kMost) {
                 m_Files.clear();
@@ -94,10 +96,12 @@ public:
         }
         return read;
     }
+    Pointer None() const { return m_pNone; }
 
 private:
     static constexpr std::size_t kMost = 16;  // a terminal has four
 
+    const Pointer m_pNone = std::make_shared<const ProfileFile>(std::string());
     std::mutex m_Lock;
     std::map<std::string, std::pair<Stamp, Pointer>> m_Files;
 };
@@ -166,8 +170,8 @@ std::string Names(const Rows& rows, Name name) {
 }  // namespace
 
 std::shared_ptr<const ProfileFile> ProfileFile::Read(const char* path) {
-    return path == nullptr ? std::make_shared<const ProfileFile>(std::string())
-                           : KeptFiles::Get().Read(HostPath(path));
+    KeptFiles& kept = KeptFiles::Get();
+    return path == nullptr ? kept.None() : kept.Read(HostPath(path));
 }
 
 ProfileFile::ProfileFile(std::string text) : m_Text(std::move(text)) {
