@@ -49,10 +49,22 @@ void Register(bench::OpenSession& open, const std::string& what, Step timed, uns
     benchmark::RegisterBenchmark(name.c_str(), ask)->UseManualTime()->Iterations(kTimes);
 }
 
+// Every limit of the 50 rows that may have an alarm.
+std::string Alarms() {
+    constexpr int kAlarms = 50;
+    std::string file;
+    for (int place = 1; place <= kAlarms; ++place) {
+        file += "[ALARM 07-" + std::to_string(1000 + place).substr(1) + "]\nBasis price=1\ncomparison=0\n" +
+                "price=1\ndecreased price=900\nincreased price=1100\nVolume=1000000\n";
+    }
+    return file;
+}
+
 void RegisterInit(const std::string& what, const char* map, unsigned size, const std::string& inquiry) {
     const std::string name = what + "/" + std::to_string(size);
     benchmark::RegisterBenchmark(name.c_str(), [map, size, inquiry](benchmark::State& state) {
         const bench::MonitorTerminal terminal(size, 0);
+        terminal.Write("InterestAlarm.ini", Alarms());
         const uintptr_t handle = ModuleForm::Regist(nullptr, map);
         for ([[maybe_unused]] auto _ : state) {
             if (ModuleForm::Init(handle, inquiry) == 0) {

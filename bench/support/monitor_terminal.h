@@ -28,6 +28,8 @@ public:
         tickhost_set_master(3, 0, nullptr, nullptr, nullptr);
     }
 
+    void Write(const std::string& file, const std::string& text) const { m_Folder.Write(file, text); }
+
 private:
     const ScratchFolder m_Folder;
 };

@@ -123,23 +123,25 @@ char Lower(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
-// Without regard to case, but for the second byte of a two-byte character: a letter there is none.
-bool SameName(std::string_view left, std::string_view right) {
+// A name without regard to case, but for the second byte of a two-byte character: a letter there is none.
+std::string Folded(std::string_view name) {
+    std::string folded(name);
     bool second = false;
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(), [&](char a, char b) {
-        const bool same = second ? a == b : Lower(a) == Lower(b);
-        second = !second && static_cast<unsigned char>(a) > 0x80;
-        return same;
-    });
+    for (char& letter : folded) {
+        const bool leads = !second && static_cast<unsigned char>(letter) > 0x80;
+        letter = second ? letter : Lower(letter);
+        second = leads;
+    }
+    return folded;
 }
 
 // A name that a caller looks for; an empty one finds nothing.
-template <class Rows, class Name>
-auto FindNamed(const Rows& rows, std::string_view wanted, Name name) -> const typename Rows::value_type* {
-    const std::string_view text = WithoutBlanks(wanted);
+template <class Rows>
+auto FindNamed(const Rows& rows, std::string_view wanted) -> const typename Rows::value_type* {
+    const std::string name = Folded(WithoutBlanks(wanted));
     const auto found =
-        std::find_if(rows.begin(), rows.end(), [&](const auto& row) { return SameName(row.*name, text); });
-    return text.empty() || found == rows.end() ? nullptr : &*found;
+        std::find_if(rows.begin(), rows.end(), [&](const auto& row) { return row.Folded == name; });
+    return name.empty() || found == rows.end() ? nullptr : &*found;
 }
 
 DWORD Answer(std::string_view text, char* buffer, DWORD size) {
@@ -192,23 +194,25 @@ void ProfileFile::TakeLine(std::string_view line) {
         return;
     }
     if (const std::size_t close = line.find(']'); line.front() == '[' && close != std::string_view::npos) {
-        m_Sections.push_back({WithoutBlanks(line.substr(1, close - 1)), {}});
+        const std::string_view name = WithoutBlanks(line.substr(1, close - 1));
+        m_Sections.push_back({name, Folded(name), {}});
         return;
     }
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos || m_Sections.empty()) {
         return;
     }
+    const std::string_view key = WithoutBlanks(line.substr(0, equals));
     m_Sections.back().Entries.push_back(
-        {WithoutBlanks(line.substr(0, equals)), WithoutQuotes(WithoutBlanks(line.substr(equals + 1)))});
+        {key, Folded(key), WithoutQuotes(WithoutBlanks(line.substr(equals + 1)))});
 }
 
 const ProfileFile::Entry* ProfileFile::Section::Find(std::string_view key) const {
-    return FindNamed(Entries, key, &Entry::Key);
+    return FindNamed(Entries, key);
 }
 
 const ProfileFile::Section* ProfileFile::Find(std::string_view section) const {
-    return FindNamed(m_Sections, section, &Section::Name);
+    return FindNamed(m_Sections, section);
 }
 
 const ProfileFile::Entry* ProfileFile::Find(std::string_view section, std::string_view key) const {

@@ -13,10 +13,12 @@ class ProfileFile {
 public:
     struct Entry {
         std::string_view Key;
+        std::string Folded;      // the key as it is looked for
         std::string_view Value;  // without blanks around it and without its quotes
     };
     struct Section {
         std::string_view Name;
+        std::string Folded;
         std::vector<Entry> Entries;
 
         const Entry* Find(std::string_view key) const;  // null: no such key
