@@ -41,6 +41,9 @@ public:
                 return PlaceOf(word, bits);
             }
         }
+        if (word + 1 >= m_Bits.Size()) {
+            return kNone;
+        }
         for (std::size_t above = (word + 1) / kBits; above < m_Words.Size(); ++above) {
             const uint64_t words =
                 m_Words[above] & (above == (word + 1) / kBits ? From(word + 1) : ~uint64_t{0});

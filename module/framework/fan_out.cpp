@@ -1,5 +1,6 @@
 // The packet path of the manager: who gets a packet, and who is visited at the batch end.
 #include <algorithm>
+#include <atomic>
 #include <cstring>
 
 #include "module/framework/map_manager.h"
@@ -20,48 +21,58 @@ int CRTMMapManager::PutRTMPacket(char* packet, int length) {
     if (packet == nullptr || length < kShortest || !IsPacketType(*packet)) {
         return 1;
     }
-    Walk next{m_Lists.Following.FirstOf(KeyHeadOf(packet)), 0};
-    while (true) {
-        const uint64_t changes = m_Lists.nChanges;
-        const uint64_t turnedAt = PutFrom(next, packet, length);
-        if (turnedAt == 0) {
-            return 1;
-        }
-        next = NextBehind(turnedAt, packet, changes);
-    }
+    Follower* const first = m_Lists.Following.FirstOf(KeyHeadOf(packet));
+    return m_TypeList[TypeIndex(*packet)].Empty() ? PutToFollowers(first, packet, length)
+                                                  : PutInOrder({first, 0}, packet, length);
 }
 
-// Followers and others, in order of registration. A window that is told of a row may open, close or turn
-// screens: then the walk ends with the serial of the decoder that told it, else with 0.
-uint64_t CRTMMapManager::PutFrom(Walk next, const char* packet, int length) {
-    const TypeList& others = m_TypeList[TypeIndex(*packet)];
+// Who is in a chain is active. A window that is told of a row may open, close or turn screens: who comes next
+// is then looked for anew.
+int CRTMMapManager::PutToFollowers(Follower* follower, const char* packet, int length) {
     const uint64_t changes = m_Lists.nChanges;
-    const auto turns = [&](CRTMPacketDecoder& decoder) {
-        if (decoder.IsActive() != 0) {
-            decoder.CRTMPacketDecoder::PutPacket(packet, length);
+    while (follower != nullptr) {
+        auto& decoder = static_cast<CRTMPacketDecoder&>(*follower);
+        follower = Followers::NextOf(*follower);
+        decoder.TakePacket(TypeIndex(*packet), packet, length);
+        if (m_Lists.nChanges.load(std::memory_order_relaxed) != changes) {
+            return PutInOrder(NextBehind(decoder.Serial(), packet, changes), packet, length);
         }
-        return m_Lists.nChanges.load(std::memory_order_relaxed) != changes;
+    }
+    return 1;
+}
+
+// Followers of the key and others of the type, in order of registration.
+int CRTMMapManager::PutInOrder(Walk next, const char* packet, int length) {
+    constexpr uint64_t kBehindAll = UINT64_MAX;
+    const TypeList& others = m_TypeList[TypeIndex(*packet)];
+    uint64_t changes = m_Lists.nChanges;
+    const auto put = [&](CRTMPacketDecoder& decoder) {
+        if (decoder.IsActive() != 0) {
+            decoder.TakePacket(TypeIndex(*packet), packet, length);
+        }
+        const bool turned = m_Lists.nChanges.load(std::memory_order_relaxed) != changes;
+        if (turned) {
+            next = NextBehind(decoder.Serial(), packet, changes);
+            changes = m_Lists.nChanges;
+        }
+        return turned;
     };
-    while (next.pFollower != nullptr) {
-        while (next.nOther < others.Size() && others[next.nOther]->Serial() < next.pFollower->Serial()) {
-            CRTMPacketDecoder& decoder = *others[next.nOther++];
-            if (turns(decoder)) {
-                return decoder.Serial();
-            }
+    while (true) {
+        const uint64_t follower = next.pFollower == nullptr ? kBehindAll : next.pFollower->Serial();
+        bool turned = false;
+        while (!turned && next.nOther < others.Size() && others[next.nOther]->Serial() < follower) {
+            turned = put(*others[next.nOther++]);
+        }
+        if (turned) {
+            continue;
+        }
+        if (next.pFollower == nullptr) {
+            return 1;
         }
         auto& decoder = static_cast<CRTMPacketDecoder&>(*next.pFollower);
-        next.pFollower = Followers::NextOf(*next.pFollower);
-        if (turns(decoder)) {
-            return decoder.Serial();
-        }
+        next.pFollower = Followers::NextOf(decoder);
+        put(decoder);
     }
-    while (next.nOther < others.Size()) {
-        CRTMPacketDecoder& decoder = *others[next.nOther++];
-        if (turns(decoder)) {
-            return decoder.Serial();
-        }
-    }
-    return 0;
 }
 
 uint64_t CRTMMapManager::KeyHeadOf(const char* packet) const {
@@ -94,10 +105,10 @@ void CRTMMapManager::EndRTMUnpack() {
     for (std::size_t place = m_Lists.Changed.FirstFrom(0); place < m_MapList.Size();
          place = m_Lists.Changed.FirstFrom(end.nNext)) {
         end.nNext = place + 1;
-        CRTMPacketDecoder* decoder = m_MapList[place]->pDecoder.get();
-        if (decoder->AwaitsBatchEnd()) {
-            decoder->EndBatch();
-        } else {
+        m_MapList[place]->pDecoder->EndBatch();
+        // A window may have closed the map from within its message, or another may stand there now.
+        if (place < m_MapList.Size() && m_MapList[place] != nullptr &&
+            !m_MapList[place]->pDecoder->AwaitsBatchEnd()) {
             m_Lists.Changed.Unmark(place);
         }
     }

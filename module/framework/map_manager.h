@@ -81,7 +81,8 @@ private:
         Follower* pFollower;
         std::size_t nOther;
     };
-    uint64_t PutFrom(Walk next, const char* packet, int length);
+    int PutToFollowers(Follower* follower, const char* packet, int length);
+    int PutInOrder(Walk next, const char* packet, int length);
     Walk NextBehind(uint64_t serial, const char* packet, uint64_t changes) const;
     uint64_t KeyHeadOf(const char* packet) const;
     // The place of the first one that was registered behind the serial.

@@ -68,14 +68,15 @@ void CRTMPacketDecoder::Release() {
     OnRelease();
 }
 
+int CRTMPacketDecoder::PutPacket(const char* packet, int length) {
+    return IsPacketType(*packet) ? TakePacket(TypeIndex(*packet), packet, length) : 0;
+}
+
 void CRTMPacketDecoder::EndUnpack() {
     if (m_bChanged == 0 || m_bStopped != 0) {
         return;
     }
     m_bChanged = 0;
-    if (m_nUntold == 0 && m_pLists != nullptr) {
-        m_pLists->Changed.Unmark(m_nPlace);
-    }
     OnEndUnpack();
 }
 

@@ -67,6 +67,9 @@ public:
     virtual void EndUnpack();
     virtual const char* GetMapName() const = 0;
 
+    // The same as PutPacket, of a type whose place in the tables is known.
+    int TakePacket(std::size_t type, const char* packet, int length);
+
     // What the payload of a type must have; 0 for a type that is not taken.
     std::size_t PayloadLength(char type) const {
         return static_cast<std::size_t>(m_Slots.Slots[type - kFirstPacketType].Length);
@@ -78,8 +81,10 @@ public:
     bool AwaitsBatchEnd() const { return (m_bChanged | m_nUntold) != 0; }
     // What the manager closes a batch with: items that no window has heard of are told, changes go out.
     void EndBatch() {
-        TellWindow();
-        EndUnpack();
+        if (m_nUntold > 0) {
+            TellWindow();
+        }
+        CRTMPacketDecoder::EndUnpack();
     }
     // The result of the last Init; the manager passes packets while it is not 0.
     int IsActive() const { return m_bActive; }
@@ -200,12 +205,8 @@ private:
     CRtmPtrList m_ViewQueue;
 };
 
-inline int CRTMPacketDecoder::PutPacket(const char* packet, int length) {
-    const auto index = static_cast<unsigned char>(*packet - kFirstPacketType);
-    if (index >= kPacketTypes) {
-        return 0;
-    }
-    const PacketSlot& slot = m_Slots.Slots[index];
+inline int CRTMPacketDecoder::TakePacket(std::size_t type, const char* packet, int length) {
+    const PacketSlot& slot = m_Slots.Slots[type];
     if (length != slot.Length + 1) {
         return 0;
     }
