@@ -54,11 +54,11 @@ def compared(folder, session):
     return rows
 
 
-def growth(folder):
-    """By question: a list of (size, ns)."""
+def by_size(program, *arguments):
+    """By question: a list of (size, ns). The size stands behind the question's name."""
     curves = {}
-    for benchmark in run(folder / "bench_growth", "--benchmark_min_time=0.05"):
-        what, size = benchmark["run_name"].rsplit("/", 1)
+    for benchmark in run(program, *arguments):
+        what, size = re.match(r"(.*?)/(\d+)", benchmark["run_name"]).groups()
         curves.setdefault(what, []).append((int(size), nanoseconds(benchmark)))
     return curves
 
@@ -108,11 +108,11 @@ def comparison_table(rows):
                   "plain / module", "aim", "competent / module", "aim"], lines)
 
 
-def growth_table(curves):
+def size_tables(curves, unit, nanoseconds_of_unit):
     lines = []
     for what, points in curves.items():
         lines += ["", *table([what] + [f"{size:,}" for size, _ in points],
-                             [["ns a packet"] + [f"{ns:.1f}" for _, ns in points]])]
+                             [[unit] + [f"{ns / nanoseconds_of_unit:.1f}" for _, ns in points]])]
     return lines
 
 
@@ -160,10 +160,12 @@ def main():
     print("\n".join(lines))
     if arguments.record:
         add_to_history(rows)
-        curves = growth(arguments.folder)
+        curves = by_size(arguments.folder / "bench_growth", "--benchmark_min_time=0.05")
+        opening = by_size(arguments.folder / "bench_open_close")
         plot(curves)
         record([f"`./run bench --record` on {machine()}", "", *lines, "", "### Growth", "",
-                "![growth](growth.svg)", *growth_table(curves), "", "### Memory", "",
+                "![growth](growth.svg)", *size_tables(curves, "ns a packet", 1), "",
+                "### Opening and closing", *size_tables(opening, "us", 1000), "", "### Memory", "",
                 *table(["map", "bytes registered", "bytes after Init"], memory(arguments.folder, arguments.session[0]))])
 
 
