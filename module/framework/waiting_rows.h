@@ -12,6 +12,7 @@ class WaitingRows {
 public:
     bool Empty() const { return m_Rows.Empty(); }
     void Clear() { m_Rows.Clear(); }
+    const Row& Last() const { return m_Rows[m_Rows.Size() - 1]; }
 
     // A new row of spaces behind the others; null: memory failed, the row is lost.
     Row* Add() {

@@ -198,8 +198,7 @@ void CandleDecoder<Kind>::PutRow(Display& display, bool opens, const ClockTime& 
     display.Front.Head.RowAction = opens ? kAppendRow : kUpdateRow;
     Kind::Write(display.Front.Head.Price, m_Candle.Close());
     Put(display.Front.Head.Quantity, m_Candle.TotalVolume());
-    Put(display.Front.Repeat.Count, 1);
-    Put(display.Front.Repeat.Size, static_cast<int32_t>(sizeof(Row)));
+    display.Front.Repeat = RepeatOf<Row>(1);
     Put(display.Newest.Date, m_Date);
     Put(display.Newest.Time, time.Text);
     Kind::Write(display.Newest.Open, column.Open);

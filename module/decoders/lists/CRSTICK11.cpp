@@ -42,7 +42,6 @@ int CRSTICK11::OnTradePacket(const TradePacket& trade) {
     if (row == nullptr) {
         return 0;
     }
-    m_nPrice = trade.Price;
     m_nTotalVolume = trade.TotalVolume;
     m_bHeadIsDue = true;
     Put(row->Date, m_Date);
@@ -52,10 +51,10 @@ int CRSTICK11::OnTradePacket(const TradePacket& trade) {
     return 1;
 }
 
-// The head shows the latest trade: it is printed once for all rows of a batch.
+// The head shows the latest trade, once for all rows of a batch.
 void CRSTICK11::OnEndUnpack() {
     if (m_bHeadIsDue) {
-        Put(m_Front.Head.Price, m_nPrice);
+        Put(m_Front.Head.Price, m_Ticks.Last().Price);
         Put(m_Front.Head.Quantity, m_nTotalVolume);
         m_bHeadIsDue = false;
     }

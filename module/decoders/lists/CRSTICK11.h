@@ -28,9 +28,8 @@ private:
     HeadedRows m_Front;  // tag and display head of the next buffer
     char m_Date[8];      // YYYYMMDD, in every row
     WaitingRows<TickRow> m_Ticks;
-    int32_t m_nPrice = 0;        // of the latest trade
     int32_t m_nTotalVolume = 0;  // of the day, by the latest trade
-    bool m_bHeadIsDue = false;   // the head does not show them yet
+    bool m_bHeadIsDue = false;   // the head does not show the latest trade yet
 };
 
 #endif

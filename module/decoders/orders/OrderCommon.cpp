@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "host/services/services.h"
+#include "module/framework/rows_buffer.h"
 
 // ------------------------------------------------------------------ notices
 
@@ -127,8 +128,7 @@ ViewBuffer MakeMessage(const RequestTag& tag, char operation, int index, char ac
     if (buffer) {
         auto& message = buffer.As<OrderMessage>();
         message.Tag = tag;
-        Put(message.Repeat.Count, rows + 1);
-        Put(message.Repeat.Size, static_cast<int32_t>(sizeof(OrderRow)));
+        message.Repeat = RepeatOf<OrderRow>(static_cast<std::size_t>(rows) + 1);
         message.Control.Operation = operation;
         Put(message.Control.Index, index);
         message.Control.Action = action;
