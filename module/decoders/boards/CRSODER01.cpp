@@ -43,6 +43,7 @@ int CRSODER01::OnInit(InitReader& in) {
     const StockKey former = m_Key.Take(init.Key);
     m_nCurPrice = kNone;
     m_nBasePrice = kNone;
+    m_RatedBase.reset();
     for (std::size_t number = 0; number < kBookRows; ++number) {
         m_Side1.Levels[number] = Parse(display.Rows[number].Side1);
         m_Side2.Levels[number] = Parse(display.Rows[number].Side2);
@@ -64,25 +65,32 @@ int CRSODER01::OnBookPacket(const BookPacket& book) {
     m_nBasePrice = book.BasePrice;
     TakeLevels<&PacketLevel::Side1Price, &PacketLevel::Side1Qty>(m_Side1, book);
     TakeLevels<&PacketLevel::Side2Price, &PacketLevel::Side2Qty>(m_Side2, book);
+    m_RatedBase = m_nBasePrice;
     TakeTotal(m_Side1.Levels[kBookTotals], book.Side1Total);
     TakeTotal(m_Side2.Levels[kBookTotals], book.Side2Total);
     return 1;
 }
 
-// A price that the former book did not have counts with its whole quantity.
+// A price that the former book did not have counts with its whole quantity. One that stays where it was keeps
+// its rate, as long as that is of the same base.
 template <auto Price, auto Qty>
 void CRSODER01::TakeLevels(BookSide& side, const BookPacket& book) const {
     const auto former = side.Levels;
     const auto* const levelsEnd = former.begin() + kBookTotals;
+    const bool sameBase = m_RatedBase == m_nBasePrice;
     for (std::size_t number = 0; number < kBookTotals; ++number) {
         const int32_t price = book.Levels[number].*Price;
         const int32_t quantity = book.Levels[number].*Qty;
         const auto* const same = std::find_if(
             former.begin(), levelsEnd, [price](const SideLevel& level) { return level.Price == price; });
         const int32_t diff = same == levelsEnd ? quantity : WrapSubtract(quantity, same->Qty);
-        const double change = static_cast<double>(price) - m_nBasePrice;
-        side.Levels[number] = {diff, quantity, MovedToZero(BiasedRate(change, m_nBasePrice, 0)), price};
+        const double rate = sameBase && price == former[number].Price ? former[number].Rate : RateOf(price);
+        side.Levels[number] = {diff, quantity, rate, price};
     }
+}
+
+double CRSODER01::RateOf(int32_t price) const {
+    return MovedToZero(BiasedRate(static_cast<double>(price) - m_nBasePrice, m_nBasePrice, 0));
 }
 
 // A total of zero is none.
@@ -117,9 +125,11 @@ void CRSODER01::OnEndUnpack() {
             row.Side2.PriceColor[1] = kCurrentPrice;
         }
     }
+    if (!m_bPrinted) {
+        Put(display.Front.Repeat.Count, static_cast<int32_t>(kBookRows));
+        Put(display.Front.Repeat.Size, static_cast<int32_t>(sizeof(BookRow)));
+    }
     m_bPrinted = true;
-    Put(display.Front.Repeat.Count, static_cast<int32_t>(kBookRows));
-    Put(display.Front.Repeat.Size, static_cast<int32_t>(sizeof(BookRow)));
     // The totals' quantities have a colour of their own.
     PutColor(display.Rows[kBookTotals].Side1.QtyColor, -1);
     PutColor(display.Rows[kBookTotals].Side2.QtyColor, 1);

@@ -7,6 +7,7 @@
 #define TICKMUX_MODULE_DECODERS_BOARDS_CRSODER01_H
 
 #include <array>
+#include <optional>
 
 #include "module/framework/packet_decoder.h"
 #include "module/framework/subscription.h"
@@ -42,16 +43,18 @@ private:
     static SideLevel Parse(const BookRowSide& shown);
     template <auto Price, auto Qty>
     void TakeLevels(BookSide& side, const BookPacket& book) const;
+    double RateOf(int32_t price) const;
     static void TakeTotal(SideLevel& totals, int32_t total);
 
     void PutFigures(BookRowSide& shown, BookSide& side, std::size_t number) const;
     void PutPriceColors(BookRowSide& shown, int32_t price) const;
 
     FollowedCode<StockKey, kStockClass, kWantBook> m_Key{*this};
-    int32_t m_bUseHogaRect;   // the user wants the current price marked
-    int32_t m_nCurPrice;      // of the latest trade, or kNone
-    int32_t m_nBasePrice;     // of rates and colours, or kNone
-    bool m_bPrinted = false;  // the image shows what the sides call printed
+    int32_t m_bUseHogaRect;              // the user wants the current price marked
+    int32_t m_nCurPrice;                 // of the latest trade, or kNone
+    int32_t m_nBasePrice;                // of rates and colours, or kNone
+    std::optional<int32_t> m_RatedBase;  // of the levels' rates; none: the inquiry's
+    bool m_bPrinted = false;             // the image shows what the sides call printed
     BookSide m_Side1;
     BookSide m_Side2;
 

@@ -71,10 +71,10 @@ TEST_F(StockPanelScreen, RunningValuesWrapAt32BitsAndGoOnFromTheirText) {
     Open("048053", Blank(48, 53));
     EXPECT_EQ(After(trade).substr(2), sums("65537", "65536", "1"));
     EXPECT_EQ(After(trade).substr(2), sums("131074", "131072", "2"));
-    Open("048053", sums("-0.5", "-65536.4", "9999998"));
+    Init(Inquiry("1ASII", "048053", sums("-0.5", "-65536.4", "9999998")));
     EXPECT_EQ(After(trade).substr(2), sums("65536", "-0", "9999999")) << "half to even";
     EXPECT_EQ(After(trade).substr(2), sums("131073", "65536", "10000000"));
-    Open("048053", sums("999999999934462", "9007199254675456", "99999999"));
+    Init(Inquiry("1ASII", "048053", sums("999999999934462", "9007199254675456", "99999999")));
     EXPECT_EQ(After(trade).substr(2), sums("999999999999999", "9007199254740992", "10000000")) << "cut";
     EXPECT_EQ(After(trade).substr(2), sums("100000000006553", "9007199254806528", "10000001"));
     EXPECT_EQ(After(trade.Volume(1)).substr(2), sums("100000000006554", "9007199254872064", "10000002"));
