@@ -28,6 +28,8 @@ public:
     static std::shared_ptr<const ProfileFile> Read(const char* path);
 
     explicit ProfileFile(std::string text);
+    // What a file holds; empty if it cannot be read.
+    static std::string WholeText(const std::string& path);
     ProfileFile(const ProfileFile&) = delete;
     ProfileFile& operator=(const ProfileFile&) = delete;
     ~ProfileFile() = default;
