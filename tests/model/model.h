@@ -36,7 +36,11 @@ struct Texts {
     static int32_t Long(const std::string& text) {
         return static_cast<int32_t>(std::clamp<int64_t>(Figure(text), INT32_MIN, INT32_MAX));
     }
-    static double Double(const std::string& text) { return std::strtod(text.c_str(), nullptr); }
+    static double Double(const std::string& text) {
+        char* end = nullptr;
+        const double value = std::strtod(text.c_str(), &end);
+        return end == text.c_str() ? 0.0 : value;  // not every C library gives +0 for what is no number
+    }
     static int32_t Wrapped(int64_t value) { return static_cast<int32_t>(value); }  // sums of 32 bits run over
 
     static std::string Trimmed(const std::string& text) {

@@ -3,18 +3,20 @@
 #define TICKMUX_TESTS_SUPPORT_SCRATCH_FOLDER_H
 
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 
 class ScratchFolder {
 public:
-    ScratchFolder() : m_Path((std::filesystem::temp_directory_path() / "tickmux-test-XXXXXX").string()) {
-        if (mkdtemp(m_Path.data()) == nullptr) {
-            std::abort();
-        }
+    ScratchFolder() {
+        std::random_device dice;
+        do {
+            m_Path = (std::filesystem::temp_directory_path() / ("tickmux-test-" + std::to_string(dice())))
+                         .string();
+        } while (!std::filesystem::create_directory(m_Path));
     }
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
@@ -24,8 +26,10 @@ public:
     // As if written a while ago, so that the host may keep what it reads, each time at another moment.
     std::string Write(const std::string& file, const std::string& text) const {
         std::ofstream(Path(file), std::ios::binary) << text;
+#ifndef _WIN32  // where that can be told to the second only
         std::filesystem::last_write_time(
             Path(file), std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+#endif
         return Path(file);
     }
     std::string Read(const std::string& file) const {

@@ -76,6 +76,19 @@ TEST(Codecs, IntegersAreRightAlignedAndLoseTheirLowDigits) {
     }
 }
 
+// What is no number gives +0; not every C library does so.
+double Scanned(const std::string& text) {
+    char* end = nullptr;
+    const double value = std::strtod(text.c_str(), &end);
+    return end == text.c_str() ? 0.0 : value;
+}
+
+#ifdef _WIN32
+constexpr bool kPrintsSignOfNaN = false;
+#else
+constexpr bool kPrintsSignOfNaN = true;
+#endif
+
 // The last three have the widths and decimals of screens, which take another way.
 TEST(Codecs, DecimalsAreTheNearestTextOfTheExactValueTiesToEven) {
     EXPECT_EQ(Double(0.0, 6, 2) + Double(-0.0, 6, 2) + Double(-0.004, 6, 2), "  0.00 -0.00 -0.00");
@@ -92,6 +105,9 @@ TEST(Codecs, DecimalsAreTheNearestTextOfTheExactValueTiesToEven) {
         for (const double centre : {any, whole / 10000.0, whole / 1024.0, whole / 32.0, rate}) {
             for (const double value :
                  {centre, std::nextafter(centre, 1e308), std::nextafter(centre, -1e308)}) {
+                if (std::isnan(value) && !kPrintsSignOfNaN) {
+                    continue;
+                }
                 ASSERT_EQ(Double(value, len, dec), Printed(len, "%*.*f", dec, value)) << value;
                 ASSERT_EQ((Inlined<6, 2>(value)), Printed(6, "%*.*f", 2, value)) << value;
                 ASSERT_EQ((Inlined<15, 4>(value)), Printed(15, "%*.*f", 4, value)) << value;
@@ -128,7 +144,7 @@ TEST(Codecs, DecimalsAreReadAsTheScanOfTheLibraryDoes) {
          {"-5",   "+.5", "5.",       "1e3",       "1e999", "-1e-999",   "1e-320", "0x1.8p3",
           "0x",   "0xg", "0x1p9999", "0x1p-9999", "inf",   "-Infinity", "--5",    "0xinf",
           "0x-1", "+-5", ".",        "e5",        "1.5.2", "1,5",       "\n7"}) {
-        const double expected = std::strtod(text, nullptr);
+        const double expected = Scanned(text);
         EXPECT_EQ(ReadDouble(text), expected) << text;
         EXPECT_EQ(std::signbit(ReadDouble(text)), std::signbit(expected)) << text;
     }
@@ -140,8 +156,7 @@ TEST(Codecs, DecimalsAreReadAsTheScanOfTheLibraryDoes) {
         for (char& c : text) {
             c = kCharacters[random() % (sizeof(kCharacters) - 1)];
         }
-        ASSERT_EQ(std::bit_cast<uint64_t>(ReadDouble(text)),
-                  std::bit_cast<uint64_t>(std::strtod(text.c_str(), nullptr)))
+        ASSERT_EQ(std::bit_cast<uint64_t>(ReadDouble(text)), std::bit_cast<uint64_t>(Scanned(text)))
             << "[" << text << "]";
     }
 }
