@@ -16,13 +16,14 @@ INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
 DECODER_ROOMS = [f"module/decoders/{room}" for room in
                  ("lists", "panels", "boards", "charts", "monitor", "orders", "passing")]
 MODULE = ["module/wire", "module/containers", "module/layouts", "module/framework"]
-HOST = ["host/platform", "host/services"]
+HOST = ["host/platform", "host/windows", "host/services"]
 PUBLIC = ["host/tickhost.h", "module/framework/tickmux.h"]
 # What each room may include beside itself: folders with all below them, and single files.
 MAY_INCLUDE = {
     "host": [],
     "host/platform": [],
-    "host/services": ["host/platform", "host/tickhost.h"],
+    "host/windows": ["host/platform"],
+    "host/services": ["host/platform", "host/windows", "host/tickhost.h"],
     "module/wire": [],
     "module/containers": ["module/wire"],
     "module/layouts": ["module/wire"],

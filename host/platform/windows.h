@@ -2,10 +2,13 @@
 #ifndef TICKMUX_HOST_PLATFORM_WINDOWS_H
 #define TICKMUX_HOST_PLATFORM_WINDOWS_H
 
+#include <stdint.h>
+
 #include "host/platform/platform.h"
 
 // Runs on the thread that made the window.
-using WindowProcedure = LRESULT (*)(void* context, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+using WindowProcedure = intptr_t (*)(void* context, HWND window, uint32_t message, uintptr_t wParam,
+                                     intptr_t lParam);
 
 // A window of the calling thread; null if memory fails. Without a procedure it answers every message with 0.
 HWND MakeWindow(WindowProcedure procedure, void* context);

@@ -6,10 +6,21 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
 
 #include "host/platform/guarded.h"
 #include "host/platform/paths.h"
 #include "host/services/services.h"
+
+namespace {
+
+#ifdef _WIN32
+constexpr int kAsItIs = O_BINARY | O_NOINHERIT;
+#else
+constexpr int kAsItIs = O_CLOEXEC;
+#endif
+
+}  // namespace
 
 CFile::~CFile() {
     Close();
@@ -20,7 +31,7 @@ BOOL CFile::Open(const char* path, UINT flags) {
     if (path == nullptr || (flags & modeWrite) == 0) {
         return FALSE;
     }
-    int how = O_WRONLY | O_APPEND | O_CLOEXEC;
+    int how = O_WRONLY | O_APPEND | kAsItIs;
     if ((flags & modeCreate) != 0) {
         how |= (flags & modeNoTruncate) != 0 ? O_CREAT : O_CREAT | O_TRUNC;
     }

@@ -8,6 +8,9 @@
 #include "host/services/exports.h"
 #include "host/services/resets.h"
 #include "host/services/services.h"
+#ifdef _WIN32
+#include "host/windows/imports.h"
+#endif
 
 namespace {
 
@@ -40,6 +43,9 @@ BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HINSTANCE module) {
     if (g_Refuses) {
         return FALSE;
     }
+#ifdef _WIN32
+    LeadImports(module);
+#endif
     state.bInitialized = TRUE;
     state.hModule = module;
     return TRUE;

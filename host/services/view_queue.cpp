@@ -9,6 +9,24 @@
 #include "host/services/exports.h"
 #include "host/services/services.h"
 
+namespace {
+
+// Constant when it begins, so that none of many has to be made.
+#ifdef _WIN32
+class QueueLock {
+public:
+    void lock() { AcquireSRWLockExclusive(&m_Lock); }
+    void unlock() { ReleaseSRWLockExclusive(&m_Lock); }
+
+private:
+    SRWLOCK m_Lock = SRWLOCK_INIT;
+};
+#else
+using QueueLock = std::mutex;
+#endif
+
+}  // namespace
+
 // A node off the list stays in its block, so that a position that was overtaken by a taker is told by its
 // mark.
 struct CRtmPtrList::Node {
@@ -26,7 +44,7 @@ struct CRtmPtrList::Block {
 // that was queued before the queue went away. A bucket's lock is that of its lists: it keeps a list alive
 // while an item is taken off. Entering a list needs no memory.
 struct CRtmPtrList::Bucket {
-    std::mutex Lock;
+    QueueLock Lock;
     CRtmPtrList* First = nullptr;
 
     // Most are never touched, and then take no memory.
