@@ -125,6 +125,7 @@ set logscale xy
 set xlabel 'size'
 set ylabel 'ns a packet'
 set key left top
+set rmargin 5
 plot {titles}
 {blocks}
 """
