@@ -133,6 +133,8 @@ TEST_F(Host, AppendsToFilesOnDriveC) {
     ASSERT_TRUE(file.Open("C:/logs\\log.txt", CFile::modeCreate | CFile::modeWrite));
     file.Close();
     EXPECT_EQ(folder.Read("logs/log.txt"), "");
+    tickhost_set_text("DriveC", "c:\\no such folder");
+    EXPECT_FALSE(file.Open("c:log.txt", kAppend)) << "drive C on drive C is a folder of that name";
     if (std::filesystem::exists("/dev/full")) {
         ASSERT_TRUE(file.Open("/dev/full", CFile::modeWrite));
         EXPECT_FALSE(file.Write("x", 1));
