@@ -112,9 +112,10 @@ void CRSITST01::LoadAlarms(const SettingsFile& file, const char (&group)[3]) {
 
 // Rows whose condition holds already leave with the first batch that brings a packet.
 void CRSITST01::CheckAlarmsAtInit() {
-    for (std::size_t i = 0; i < m_Alarms.size(); ++i) {
-        const auto place = static_cast<int>(i);
-        const std::optional<InterestAlarm>& alarm = m_Alarms[i];
+    // A text that was refused meanwhile has left no rows.
+    const int rows = std::min(m_Board.Count(), static_cast<int>(m_Alarms.size()));
+    for (int place = 0; place < rows; ++place) {
+        const std::optional<InterestAlarm>& alarm = m_Alarms[static_cast<std::size_t>(place)];
         if (!alarm.has_value() || m_Board.At(place).Alarm != kAlarmArmed) {
             continue;
         }
